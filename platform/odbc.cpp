@@ -1,0 +1,261 @@
+#include "platform/odbc.h"
+
+#include <algorithm>
+#include <type_traits>
+
+#include <fmt/format.h>
+
+#include "platform/log.h"
+
+namespace odbc {
+namespace {
+
+constexpr std::size_t kMessageSize = 1024;
+constexpr std::size_t kNameSize = 256;
+
+// Text parameters of ODBC are not const in C, though none is written to.
+SQLCHAR* Text(const char* text) { return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text)); }
+
+// Numeric attributes travel in the pointer argument.
+SQLPOINTER Number(SQLULEN value) { return reinterpret_cast<SQLPOINTER>(value); }
+
+// Makes one ODBC call: repeats it at once while the driver is still executing, and traces it.
+template <class... Parameters>
+RETCODE Call(const char* name, RETCODE (*function)(Parameters...),
+             std::type_identity_t<Parameters>... arguments) {
+  RETCODE code = SQL_SUCCESS;
+  do {
+    code = function(arguments...);
+  } while (code == SQL_STILL_EXECUTING);
+  if (klog::Enabled(klog::Level::kTrace)) klog::Trace(fmt::format("{} -> {}", name, code));
+  return code;
+}
+
+Diagnostics Diagnose(SQLSMALLINT kind, SQLHANDLE handle) {
+  Diagnostics records;
+  if (handle == SQL_NULL_HANDLE) return records;
+  for (SQLSMALLINT number = 1;; ++number) {
+    SQLCHAR state[6] = {};
+    SQLCHAR message[kMessageSize] = {};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    const RETCODE code = Call("SQLGetDiagRec", SQLGetDiagRec, kind, handle, number, state, &native, message,
+                              static_cast<SQLSMALLINT>(sizeof message), &length);
+    if (!Succeeded(code)) return records;
+    records.push_back({reinterpret_cast<char*>(state), native, reinterpret_cast<char*>(message)});
+  }
+}
+
+}  // namespace
+
+Diagnostics DiagnoseStatement(SQLHSTMT statement) { return Diagnose(SQL_HANDLE_STMT, statement); }
+
+RETCODE Connection::Allocate() {
+  RETCODE code = Call("SQLAllocHandle", SQLAllocHandle, SQL_HANDLE_ENV, nullptr, &m_environment);
+  if (!Succeeded(code)) return SQL_ERROR;
+  code = Call("SQLSetEnvAttr", SQLSetEnvAttr, m_environment, SQL_ATTR_ODBC_VERSION, Number(SQL_OV_ODBC3), 0);
+  if (!Succeeded(code)) return SQL_ERROR;
+  return Call("SQLAllocHandle", SQLAllocHandle, SQL_HANDLE_DBC, m_environment, &m_connection);
+}
+
+Connection::~Connection() {
+  // Freeing a statement takes it off the list.
+  while (!m_statements.empty()) m_statements.back()->Free();
+  if (m_connected) {
+    // One driver refuses to disconnect inside a transaction; without one this does nothing.
+    EndTransaction(false);
+    Call("SQLDisconnect", SQLDisconnect, m_connection);
+  }
+  if (m_connection != SQL_NULL_HDBC) Call("SQLFreeHandle", SQLFreeHandle, SQL_HANDLE_DBC, m_connection);
+  if (m_environment != SQL_NULL_HENV) Call("SQLFreeHandle", SQLFreeHandle, SQL_HANDLE_ENV, m_environment);
+}
+
+RETCODE Connection::SetLoginTimeout(DWORD seconds) {
+  return Call("SQLSetConnectAttr", SQLSetConnectAttr, m_connection, SQL_ATTR_LOGIN_TIMEOUT, Number(seconds),
+              SQL_IS_UINTEGER);
+}
+
+RETCODE Connection::SetAccessReadOnly() {
+  return Call("SQLSetConnectAttr", SQLSetConnectAttr, m_connection, SQL_ATTR_ACCESS_MODE,
+              Number(SQL_MODE_READ_ONLY), SQL_IS_UINTEGER);
+}
+
+RETCODE Connection::Connect(const char* connection_string) {
+  SQLCHAR completed[kMessageSize] = {};
+  SQLSMALLINT length = 0;
+  const RETCODE code =
+      Call("SQLDriverConnect", SQLDriverConnect, m_connection, nullptr, Text(connection_string), SQL_NTS,
+           completed, static_cast<SQLSMALLINT>(sizeof completed), &length, SQL_DRIVER_NOPROMPT);
+  m_connected = Succeeded(code);
+  return code;
+}
+
+RETCODE Connection::SetAutocommit(bool on) {
+  const SQLULEN value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
+  return Call("SQLSetConnectAttr", SQLSetConnectAttr, m_connection, SQL_ATTR_AUTOCOMMIT, Number(value),
+              SQL_IS_UINTEGER);
+}
+
+RETCODE Connection::EndTransaction(bool commit) {
+  const SQLSMALLINT end = commit ? SQL_COMMIT : SQL_ROLLBACK;
+  return Call("SQLEndTran", SQLEndTran, SQL_HANDLE_DBC, m_connection, end);
+}
+
+bool Connection::IsDead() const {
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  const RETCODE code = Call("SQLGetConnectAttr", SQLGetConnectAttr, m_connection, SQL_ATTR_CONNECTION_DEAD,
+                            &dead, SQL_IS_UINTEGER, nullptr);
+  return Succeeded(code) && dead == SQL_CD_TRUE;
+}
+
+std::string Connection::InfoText(SQLUSMALLINT item) const {
+  char text[kNameSize] = {};
+  SQLSMALLINT length = 0;
+  const RETCODE code = Call("SQLGetInfo", SQLGetInfo, m_connection, item, text,
+                            static_cast<SQLSMALLINT>(sizeof text - 1), &length);
+  return Succeeded(code) ? std::string(text) : std::string();
+}
+
+SQLUSMALLINT Connection::InfoNumber(SQLUSMALLINT item) const {
+  SQLUSMALLINT value = 0;
+  SQLSMALLINT length = 0;
+  const RETCODE code = Call("SQLGetInfo", SQLGetInfo, m_connection, item, &value,
+                            static_cast<SQLSMALLINT>(sizeof value), &length);
+  return Succeeded(code) ? value : SQLUSMALLINT{0};
+}
+
+std::string Connection::DatabaseName() const {
+  std::string name(kMessageSize, '\0');
+  SQLSMALLINT length = 0;
+  const RETCODE code = Call("SQLGetInfo", SQLGetInfo, m_connection, SQL_DATABASE_NAME, name.data(),
+                            static_cast<SQLSMALLINT>(name.size() - 1), &length);
+  if (!Succeeded(code)) return std::string();
+  name.resize(name.find('\0'));
+  return name;
+}
+
+Diagnostics Connection::Diagnose() const { return odbc::Diagnose(SQL_HANDLE_DBC, m_connection); }
+
+Statement::Statement(Connection& connection) : m_connection(&connection) {
+  const RETCODE code =
+      Call("SQLAllocHandle", SQLAllocHandle, SQL_HANDLE_STMT, connection.m_connection, &m_statement);
+  if (!Succeeded(code)) {
+    m_statement = SQL_NULL_HSTMT;
+    return;
+  }
+  connection.m_statements.push_back(this);
+}
+
+Statement::~Statement() { Free(); }
+
+void Statement::Free() {
+  if (m_statement == SQL_NULL_HSTMT) return;
+  Call("SQLFreeHandle", SQLFreeHandle, SQL_HANDLE_STMT, m_statement);
+  m_statement = SQL_NULL_HSTMT;
+  auto& statements = m_connection->m_statements;
+  statements.erase(std::find(statements.begin(), statements.end(), this));
+}
+
+void Statement::AskForStaticCursor() {
+  if (m_statement == SQL_NULL_HSTMT) return;
+  Call("SQLSetStmtAttr", SQLSetStmtAttr, m_statement, SQL_ATTR_CURSOR_TYPE, Number(SQL_CURSOR_STATIC),
+       SQL_IS_UINTEGER);
+  Call("SQLSetStmtAttr", SQLSetStmtAttr, m_statement, SQL_ATTR_CONCURRENCY, Number(SQL_CONCUR_READ_ONLY),
+       SQL_IS_UINTEGER);
+}
+
+void Statement::AskForQueryTimeout(DWORD seconds) {
+  if (m_statement == SQL_NULL_HSTMT) return;
+  Call("SQLSetStmtAttr", SQLSetStmtAttr, m_statement, SQL_ATTR_QUERY_TIMEOUT, Number(seconds),
+       SQL_IS_UINTEGER);
+}
+
+RETCODE Statement::Logged(const CString& sql, RETCODE (Statement::*run)()) {
+  const auto start = std::chrono::steady_clock::now();
+  const RETCODE code = (this->*run)();
+  klog::Statement(sql.View(), std::chrono::steady_clock::now() - start);
+  return code;
+}
+
+RETCODE Statement::Prepare(const CString& sql) {
+  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  m_sql = sql;
+  return Call("SQLPrepare", SQLPrepare, m_statement, Text(sql), sql.GetLength());
+}
+
+RETCODE Statement::RunPrepared() { return Call("SQLExecute", SQLExecute, m_statement); }
+
+RETCODE Statement::RunDirect() {
+  return Call("SQLExecDirect", SQLExecDirect, m_statement, Text(m_sql), m_sql.GetLength());
+}
+
+RETCODE Statement::Execute() {
+  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  return Logged(m_sql, &Statement::RunPrepared);
+}
+
+RETCODE Statement::ExecuteDirect(const CString& sql) {
+  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  m_sql = sql;
+  return Logged(m_sql, &Statement::RunDirect);
+}
+
+RETCODE Statement::MoreResults() { return Call("SQLMoreResults", SQLMoreResults, m_statement); }
+
+RETCODE Statement::CloseCursor() { return Call("SQLFreeStmt", SQLFreeStmt, m_statement, SQL_CLOSE); }
+
+RETCODE Statement::ColumnCount(SWORD* count) {
+  return Call("SQLNumResultCols", SQLNumResultCols, m_statement, count);
+}
+
+RETCODE Statement::DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) {
+  SQLCHAR name[kNameSize] = {};
+  SQLSMALLINT length = 0;
+  const RETCODE code =
+      Call("SQLDescribeCol", SQLDescribeCol, m_statement, column, name, static_cast<SQLSMALLINT>(sizeof name),
+           &length, &info->m_nSQLType, &info->m_nPrecision, &info->m_nScale, &info->m_nNullability);
+  if (Succeeded(code)) info->m_strName = reinterpret_cast<char*>(name);
+  return code;
+}
+
+RETCODE Statement::BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
+                              SQLLEN* indicator) {
+  return Call("SQLBindCol", SQLBindCol, m_statement, column, c_type, buffer, size, indicator);
+}
+
+RETCODE Statement::BindParameter(SQLUSMALLINT position, Parameter* parameter) {
+  void* value = parameter->c_type == SQL_C_SLONG ? static_cast<void*>(&parameter->number)
+                                                 : static_cast<void*>(parameter->text.data());
+  return Call("SQLBindParameter", SQLBindParameter, m_statement, position, SQL_PARAM_INPUT, parameter->c_type,
+              parameter->sql_type, parameter->size, parameter->digits, value,
+              static_cast<SQLLEN>(parameter->text.size()), &parameter->indicator);
+}
+
+// Cutting a bound text is the layer's own affair: a fetch whose only information is a cut text succeeded.
+RETCODE Statement::ExtendedFetch(SQLUSMALLINT type, SQLLEN row) {
+  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  SQLULEN fetched = 0;
+  SQLUSMALLINT status = 0;
+  const RETCODE code = Call("SQLExtendedFetch", SQLExtendedFetch, m_statement, type, row, &fetched, &status);
+  if (code != SQL_SUCCESS_WITH_INFO) return code;
+  const Diagnostics records = Diagnose();
+  const bool only_cut = std::all_of(records.begin(), records.end(),
+                                    [](const DiagRecord& record) { return record.state == "01004"; });
+  return only_cut && !records.empty() ? RETCODE{SQL_SUCCESS} : code;
+}
+
+RETCODE Statement::GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator) {
+  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  return Call("SQLGetData", SQLGetData, m_statement, column, c_type, buffer, size, indicator);
+}
+
+RETCODE Statement::RowCount(SQLLEN* count) { return Call("SQLRowCount", SQLRowCount, m_statement, count); }
+
+SQLULEN Statement::RowNumber() const {
+  SQLULEN number = 0;
+  const RETCODE code = Call("SQLGetStmtAttr", SQLGetStmtAttr, m_statement, SQL_ATTR_ROW_NUMBER, &number,
+                            SQL_IS_UINTEGER, nullptr);
+  return Succeeded(code) ? number : 0;
+}
+
+}  // namespace odbc

@@ -1,0 +1,117 @@
+// The bound columns of a record set: where a fetched row lands, what the members held before a change,
+// and what has changed.
+#ifndef KYODBC_PLATFORM_ROW_FIELDS_H
+#define KYODBC_PLATFORM_ROW_FIELDS_H
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/cfieldinfo.h"
+#include "platform/cstring.h"
+#include "platform/odbc.h"
+#include "platform/types.h"
+
+enum class FieldKind { kLong, kInt, kBool, kText, kDate };
+
+// A member as an RFX call names it.
+struct FieldRef {
+  const char* name;
+  FieldKind kind;
+  void* member;
+  int max_length;  // bytes of a text
+};
+
+// The value of a member or a column; the part that the kind names is used.
+struct FieldValue {
+  bool null = false;
+  LONG number = 0;
+  TIMESTAMP_STRUCT time = {};
+  std::string text;
+
+  bool SameAs(const FieldValue& other, FieldKind kind) const;
+};
+
+struct Field {
+  CString name;
+  FieldKind kind = FieldKind::kLong;
+  void* member = nullptr;
+  int max_length = 0;
+  CODBCFieldInfo column;  // as described by the driver
+
+  std::size_t offset = 0;    // of the value in the fetch buffer
+  std::size_t capacity = 0;  // bytes there; 0: a wide text, read on demand
+  SQLLEN indicator = 0;
+
+  bool null = false;    // of the row last copied into the members
+  bool nulled = false;  // the caller asked for NULL
+  bool forced = false;  // the caller declared the field changed
+  bool dirty = false;
+  FieldValue before;  // what CancelUpdate gives back
+  bool null_before = false;
+  FieldValue clean;  // what counts as unchanged
+};
+
+FieldValue ReadMember(FieldKind kind, const void* member);
+void WriteMember(FieldKind kind, const FieldValue& value, void* member);
+
+class RowFields {
+ public:
+  void Clear() { m_fields.clear(); }
+  void Add(const FieldRef& ref);
+  std::size_t Count() const { return m_fields.size(); }
+  Field& At(std::size_t index) { return m_fields[index]; }
+  const Field& At(std::size_t index) const { return m_fields[index]; }
+  std::vector<Field>& All() { return m_fields; }
+  const std::vector<Field>& All() const { return m_fields; }
+
+  // Column names separated by commas, in exchange order.
+  CString SelectList() const;
+  // Lays out the buffer for the described columns and binds it.
+  RETCODE Bind(odbc::Statement& statement);
+
+  // Copies column `index` of the fetched row into its member. `row` identifies the row for its own edits.
+  RETCODE Load(std::size_t index, odbc::Statement& statement, SQLLEN row);
+  // The column's value in the fetch buffer, for finding the row again.
+  FieldValue Fetched(std::size_t index) const;
+  // Columns wider than the buffer are read on demand and take no part in finding a row.
+  bool IsBuffered(std::size_t index) const { return m_fields[index].capacity != 0; }
+
+  // AddNew: every field becomes NULL, clean and a value that no caller assigns.
+  void BeginAdd();
+  // Edit: the members as they are become the clean values.
+  void BeginEdit();
+  // Decides which fields the pending change writes.
+  bool MarkDirty(bool adding);
+  // Ends a pending change; the members get back what they held before it when `restore` is set.
+  void End(bool restore);
+
+  // Values written to a row of the open result, shown when the row is visited again.
+  void RememberEdit(SQLLEN row);
+  void ForgetEdits() { m_edits.clear(); }
+
+  // The field bound to `member`; null when there is none.
+  Field* Find(const void* member);
+
+  // A value to send for the field: a number, a cut text, a date as the literals write it, or NULL.
+  odbc::Parameter MakeParameter(const Field& field, const FieldValue& value) const;
+
+ private:
+  void LoadNull(Field& field);
+  RETCODE LoadWideText(Field& field, SQLUSMALLINT column, odbc::Statement& statement);
+  void LoadBuffered(Field& field);
+  std::size_t BufferedLength(const Field& field) const;
+  bool LoadEdit(Field& field, std::size_t index, SQLLEN row);
+
+  std::vector<Field> m_fields;
+  std::unique_ptr<char[]> m_buffer;
+  std::string m_wide_text;
+  std::map<SQLLEN, std::map<std::size_t, FieldValue>> m_edits;
+};
+
+// True when the date is one that a date or timestamp column can hold.
+bool IsStorableDate(const TIMESTAMP_STRUCT& value);
+bool IsAllZero(const TIMESTAMP_STRUCT& value);
+
+#endif
