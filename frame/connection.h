@@ -1,0 +1,75 @@
+// The library's one connection: the parameters it was made with, the database, and a browse set per table.
+#ifndef KYODBC_FRAME_CONNECTION_H
+#define KYODBC_FRAME_CONNECTION_H
+
+#include "platform/cdatabase.h"
+#include "platform/cstring.h"
+#include "platform/types.h"
+#include "tables/records.h"
+
+class CCfgRec;
+class CDiagRec;
+class CDrRec;
+class CGrpRec;
+class CImgRec;
+class CMakRec;
+class CPatExRec;
+class CPatRec;
+class CStatRec;
+class CTestRec;
+class CUnitRec;
+
+// Database and browse sets are owned, but only CloseAll frees them: there is no destructor, so that the
+// end of the process, or of the library in it, leaves an open connection alone.
+class CDBConnection {
+ public:
+  // Connects with m_Params and creates the browse sets, unopened. Returns 0; 3 while connected and when the
+  // data source cannot be opened or does not answer; 30 when the server cannot be reached or refuses the
+  // login; 14 without memory; 99 when a browse set cannot be created; 4 when what was left of a dead
+  // connection cannot be closed. After a failure, other than 3 while connected, nothing is open.
+  WORD Connect();
+
+  // Closes and destroys the browse sets, then the database. Returns 0, also when there are none; 4 when
+  // closing failed, and the rest is then left as it was.
+  WORD CloseAll();
+
+  // True when the connection answers. Databases older than version 4.0 are not asked.
+  bool Ping();
+
+  // Returns 0 when the connection answers, 57 when it had died and was made again with new browse sets, 30
+  // when neither came true in five attempts.
+  WORD KeepAlive();
+
+  CString Owner() const { return m_Params.szOwner; }
+
+  tagDBCONNECT m_Params{};  // as last given to DB_InitDatabase, every text terminated
+  CDatabase* m_pDatabase = nullptr;
+  double m_dDBVersion = 0.0;  // this and the next keep their values after a close
+  CString m_strDBMS;
+  // In the order in which they are created, closed and destroyed; null while there is no connection.
+  CDrRec* m_pDr = nullptr;
+  CStatRec* m_pStat = nullptr;
+  CUnitRec* m_pUnit = nullptr;
+  CPatRec* m_pPat = nullptr;
+  CPatExRec* m_pPatEx = nullptr;
+  CImgRec* m_pImg = nullptr;
+  CMakRec* m_pMak = nullptr;
+  CGrpRec* m_pGrp = nullptr;
+  CDiagRec* m_pDiag = nullptr;
+  CCfgRec* m_pCfg = nullptr;
+  CTestRec* m_pTest = nullptr;
+
+ private:
+  template <class Function>
+  void ForEachSet(Function function);
+  bool IsOpen() const { return m_pDatabase != nullptr && m_pDatabase->IsOpen(); }
+  CString ConnectString() const;
+  DWORD OpenOptions() const;
+  WORD OpenDatabase();
+  WORD CreateSets();
+  WORD GiveUp(WORD code);
+};
+
+CDBConnection& TheConnection();
+
+#endif

@@ -1,0 +1,20 @@
+// What the rooms below ask of the connection.
+#include "recset/upcalls.h"
+
+#include "frame/KyODBC.h"
+#include "platform/result_codes.h"
+
+namespace upcalls {
+
+CDatabase* LibraryDatabase() { return DB_GetDatabase(); }
+
+bool LibraryOwner(char* buffer, LONG size) { return DB_GetDBOwner(buffer, size) == kOk; }
+
+WORD RequireDBVersion(double minimum) {
+  double version = 0.0;
+  const WORD code = DB_GetDBVersion(&version);
+  if (code != kOk) return code;
+  return version < minimum ? kSchemaTooOld : kOk;
+}
+
+}  // namespace upcalls

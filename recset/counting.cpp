@@ -1,0 +1,128 @@
+// Counting rows: by probing the cursor on sets with an owner, by a query on all others.
+#include "platform/result_codes.h"
+#include "recset/kyrecset.h"
+#include "recset/restore.h"
+
+namespace {
+
+constexpr LONG kFirstStep = 32768;
+constexpr const char* kCountColumn = "TIntCount";
+constexpr LONG kOwnKey = 1;  // the field id of every table's own key
+
+}  // namespace
+
+WORD CKyRecSet::GetMaxPos(LONG* count) {
+  if (count == nullptr) return kBadArgument;
+  *count = 0;
+  if (!m_strOwner.IsEmpty()) return CountByProbing(count);
+  *count = CountByQuery(WhereClause(m_strFilter));
+  return kOk;
+}
+
+// The highest row that can be fetched: full steps upwards, then halved ones. The driver has all rows of a
+// static cursor, so that this costs a fetch per step and reads no row into the members.
+LONG CKyRecSet::ProbeLastRow() {
+  LONG row = 0;
+  LONG step = kFirstStep;
+  while (step > 0) {
+    if (FetchAt(row + step)) {
+      row += step;
+    } else {
+      step /= 2;
+    }
+  }
+  return row;
+}
+
+// A set whose position is not known counts as usual and keeps not knowing it.
+WORD CKyRecSet::CountByProbing(LONG* count) {
+  const LONG position = GetIndexPos();
+  if (m_bBOF) return kOk;
+  MoveFirst();
+  *count = ProbeLastRow();
+  bool fetched = ExtendedFetch(SQL_FETCH_FIRST, 0) == SQL_SUCCESS;
+  if (position > 1) fetched = FetchAt(position);
+  if (!fetched) {
+    m_lCurrentRecord = AFX_CURRENT_RECORD_UNDEFINED;
+    m_bEOF = TRUE;
+    return kCountFailed;
+  }
+  Settle(position);
+  return kOk;
+}
+
+// Generated filters bring the blank behind WHERE with them; any other text gets one.
+CString CKyRecSet::WhereClause(const CString& filter) {
+  if (filter.IsEmpty()) return CString();
+  const char first = filter.GetAt(0);
+  return (first == ' ' || first == '(' ? " WHERE" : " WHERE ") + filter;
+}
+
+// Counts on a statement of its own, so that this set's cursor does not move.
+LONG CKyRecSet::CountByQuery(const CString& where) {
+  const CString sql = CString("SELECT COUNT(*) AS ") + kCountColumn + " FROM " + GetDefaultSQL() + where;
+  CRecordset counter(m_pDatabase);
+  counter.Open(m_nOpenType, sql, none);
+  CDBVariant value;
+  counter.GetFieldValue(kCountColumn, value, SQL_C_SLONG);
+  return value.m_lVal;
+}
+
+WORD CKyRecSet::GetNum(LONG* count) {
+  if (count == nullptr) return kOk;
+  *count = 0;
+  if (m_strOwner.IsEmpty()) {
+    *count = CountByQuery(CString());
+  } else {
+    ReadWholeTable(m_strSort, &CKyRecSet::ReadCount, count);
+  }
+  return kOk;
+}
+
+WORD CKyRecSet::GetLastID(LONG* id) {
+  if (id == nullptr) return kBadArgument;
+  // Without a sort order the last row would be an arbitrary one.
+  return ReadWholeTable(m_strSort.IsEmpty() ? GetFieldName(kOwnKey, nullptr) : m_strSort,
+                        &CKyRecSet::ReadLastID, id);
+}
+
+// Lets `read` see the whole table in the order of `sort`, then goes back to the rows and the position of before.
+WORD CKyRecSet::ReadWholeTable(const CString& sort, void (CKyRecSet::*read)(LONG*), LONG* result) {
+  const LONG position = GetIndexPos();
+  int opened = 0;
+  {
+    Restore<CString> restore_filter(m_strFilter);
+    Restore<CString> restore_sort(m_strSort);
+    m_strFilter.Empty();
+    m_strSort = sort;
+    try {
+      if (TryRequery(&opened) != kOk) return kNotOpened;
+      (this->*read)(result);
+    } catch (...) {
+      if (opened) Close();
+      throw;
+    }
+  }
+  if (opened) {
+    Close();
+  } else {
+    RequeryAt(position);
+  }
+  return kOk;
+}
+
+void CKyRecSet::ReadCount(LONG* count) { GetMaxPos(count); }
+
+void CKyRecSet::ReadLastID(LONG* id) {
+  *id = 0;
+  if (m_bEOF && m_bBOF) return;
+  MoveLast();
+  *id = m_lID;
+}
+
+// A position that was not known is -1, which leads two rows back from the first, that is before it. Callers rely on a set
+// that was after its end not standing on a row now.
+void CKyRecSet::RequeryAt(LONG position) {
+  Requery();
+  if (position != 0 && !(m_bEOF && m_bBOF)) Move(position - 1, SQL_FETCH_RELATIVE);
+}
