@@ -1,0 +1,2 @@
+/* The library's chief header, wherever it is installed. */
+#include "kyodbc/frame/KyODBC.h"
