@@ -1,0 +1,105 @@
+#!/usr/bin/env python3
+"""The house rules find what they are for."""
+import pathlib
+import tempfile
+import unittest
+
+import house_rules
+from cpp_text import functions
+
+
+class HouseRules(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory()
+        self.addCleanup(self.folder.cleanup)
+        self.root = pathlib.Path(self.folder.name)
+
+    def write(self, name, text):
+        path = self.root / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text)
+
+    def offences(self, rule):
+        return list(rule(self.root))
+
+    def test_an_include_of_a_higher_room_is_found(self):
+        self.write("frame/connection.h", "")
+        self.write("tables/station.h", "")
+        self.write("recset/kyrecset.cpp", '#include "frame/connection.h"\n#include "../tables/station.h"\n')
+        self.write("recset/stat_rec.cpp", '#include "tables/station.h"\n// #include "frame/connection.h"\n')
+        self.assertEqual(len(self.offences(house_rules.layers)), 2)
+
+    def test_a_program_that_includes_an_internal_header_is_found(self):
+        self.write("frame/connection.h", "")
+        self.write("examples/walk.cpp", '#include "../frame/connection.h"\n#include <KyODBC.h>\n')
+        self.assertEqual(len(self.offences(house_rules.programs_use_the_public_interface)), 1)
+
+    def test_odbc_calls_are_found_only_in_code(self):
+        self.write("platform/odbc.cpp", "void F() { SQLFetch(0); }\n")
+        self.write("platform/other.cpp", '// SQLFetch(\nconst char* k = "SQLFetch(";\n')
+        self.write("recset/bad.cpp", "void F() { SQLFetch(0); }\n")
+        self.assertEqual(self.offences(house_rules.one_file_calls_odbc),
+                         ["recset/bad.cpp:1: void F() { SQLFetch(0); }"])
+
+    def test_the_native_type_is_found_only_in_code(self):
+        self.write("recset/a.cpp",
+                   "// too long\nunsigned long n = 0;\nconst char* k = \"long\";\nint longer;\n")
+        self.assertEqual(self.offences(house_rules.no_native_long), ["recset/a.cpp:2: unsigned long n = 0;"])
+
+    def test_the_native_type_may_be_read_into(self):
+        self.write("frame/dynamic_rec.h", "void GetFieldValue(short column, long& value);\n")
+        self.write("frame/dynamic_rec.cpp", "void GetFieldValue(short column, long& value) {}\n")
+        self.assertEqual(self.offences(house_rules.no_native_long), [])
+
+    def test_functions_are_measured_from_signature_to_brace(self):
+        source = (
+            "namespace a {\n"
+            "constexpr int kRows[] = {\n1,\n2,\n};\n"
+            "class B : public C {\n public:\n  B() : m_c{1}, m_d(2) {\n    F();\n  }\n  int m_c;\n};\n"
+            "int Long(int a,\n         int b) {\n  if (a) {\n    return b;\n  }\n  return '{';\n}\n"
+            "}\n")
+        measured = {head.split("(")[0].split()[-1]: length for _, length, head in functions(source) if head}
+        self.assertEqual(measured["Long"], 7)
+        self.assertNotIn("kRows", measured)
+
+    def test_a_function_above_the_limit_is_found(self):
+        self.write("recset/a.cpp", "void Fits() {\n" + "  F();\n" * 58 + "}\n")
+        self.write("recset/b.cpp", "class A {\n  void TooLong() const {\n" + "  F();\n" * 59 + "}\n};\n")
+        self.write("recset/c.cpp", "A::A() : m_b{1} {\n" + "  F();\n" * 60 + "}\n")
+        found = self.offences(house_rules.function_length)
+        self.assertEqual([offence.split(":")[0] for offence in found], ["recset/b.cpp", "recset/c.cpp"])
+
+    def test_a_wrong_guard_is_found(self):
+        self.write("frame/a.h", "// text\n#ifndef KYODBC_FRAME_A_H\n#define KYODBC_FRAME_A_H\n#endif\n")
+        self.write("frame/b.h", "#pragma once\n")
+        self.assertEqual(self.offences(house_rules.include_guards),
+                         ["frame/b.h: the guard must be KYODBC_FRAME_B_H"])
+
+    def test_an_exported_name_must_be_declared_defined_once_and_tested(self):
+        self.write("frame/exports.txt", "DB_Good\nDB_Twice\nDB_Untested\nDB_Undeclared\n")
+        self.write("frame/KyODBC.h",
+                   "WORD DB_Good(void);\nWORD DB_Twice(void);\nWORD DB_Untested(int a,\n  int b);\n")
+        self.write("frame/a.cpp",
+                   "WORD DB_Good() {}\nWORD DB_Twice() {}\nWORD DB_Undeclared() { return DB_Good(); }\n")
+        self.write("frame/b.cpp", "WORD DB_Twice() {}\nWORD DB_Untested(int a,\n    int b) {\n}\n")
+        self.write("tests/a_test.cpp", "// DB_Untested()\nDB_Good(); DB_Twice(); DB_Undeclared();\n")
+        self.assertEqual(self.offences(house_rules.exported_names), [
+            "DB_Twice: 2 definitions", "DB_Untested: in no test", "DB_Undeclared: not in frame/KyODBC.h"])
+
+    def test_long_lines_and_files_are_found(self):
+        self.write("frame/a.cpp", "x" * 111 + "\n" + "\n" * 500)
+        self.assertEqual(len(self.offences(house_rules.line_length)), 1)
+        self.assertEqual(len(self.offences(house_rules.file_length)), 1)
+
+    def test_unfinished_work_is_found(self):
+        self.write("frame/a.cpp", "// TO" + "DO: later\n")
+        self.assertEqual(len(self.offences(house_rules.nothing_unfinished)), 1)
+
+    def test_a_room_without_a_short_readme_is_found(self):
+        for room in house_rules.ROOMS[1:]:
+            self.write(room + "/README.md", "x\n" * 10)
+        self.assertEqual(self.offences(house_rules.room_readmes), ["platform: no README.md"])
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,57 @@
+// Fixtures for tests on a practice of their own.
+#ifndef KYODBC_TESTS_SUPPORT_FIXTURES_H
+#define KYODBC_TESTS_SUPPORT_FIXTURES_H
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "frame/KyODBC.h"
+#include "tests/support/practice.h"
+#include "tests/support/raw_odbc.h"
+#include "tests/support/records.h"
+
+namespace support {
+
+// A fresh practice for every test; the library is not connected, and is disconnected at the end whatever the
+// test did.
+class PracticeTest : public testing::Test {
+ protected:
+  // A derived fixture passes other options, e.g. PracticeTest({.tables = Tables::kFullNames}).
+  explicit PracticeTest(PracticeOptions options = {}) : m_practice(options) {}
+  ~PracticeTest() override { DB_CloseDatabase(); }
+
+  WORD Connect() {
+    tagDBCONNECT parameters = m_practice.Parameters();
+    return DB_InitDatabase(&parameters);
+  }
+  // The tests' own connection, made when first asked for.
+  RawOdbc& Raw() {
+    if (!m_raw) m_raw = std::make_unique<RawOdbc>(m_practice);
+    return *m_raw;
+  }
+
+  Practice m_practice;
+
+ private:
+  std::unique_ptr<RawOdbc> m_raw;
+};
+
+// The same with the library connected; the connection must close cleanly at the end.
+class ConnectedTest : public PracticeTest {
+ protected:
+  explicit ConnectedTest(PracticeOptions options = {}) : PracticeTest(options) {}
+  void SetUp() override {
+    ASSERT_EQ(Connect(), 0);
+    ASSERT_NE(DB_IsDatabaseOpen(), 0);
+  }
+  void TearDown() override {
+    EXPECT_EQ(DB_CloseDatabase(), 0);
+    EXPECT_EQ(DB_IsDatabaseOpen(), 0);
+  }
+};
+
+}  // namespace support
+
+#endif
