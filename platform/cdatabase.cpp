@@ -1,6 +1,7 @@
 #include "platform/cdatabase.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <fmt/format.h>
 
@@ -89,15 +90,22 @@ CString ReasonText(RETCODE code) {
   throw new CDBException(code, error, origins);
 }
 
-// `connect` without the value of its password.
-CString WithoutPassword(const CString& connect) {
+constexpr const char* kHarmlessKeys[] = {"DSN", "DRIVER", "SERVER", "SERVERNAME", "PORT", "DATABASE", "UID"};
+
+// The parts of a connection string that say which data is meant. Any other part may be a secret, or the rest
+// of a password that has a semicolon in it.
+CString HarmlessParts(const CString& connect) {
   CString shown;
   int start = 0;
   while (start >= 0) {
     const CString part = connect.Tokenize(";", start);
-    if (part.IsEmpty()) continue;
+    CString key = part.SpanExcluding("=");
+    key.Trim();
+    const bool harmless = std::any_of(std::begin(kHarmlessKeys), std::end(kHarmlessKeys),
+                                      [&key](const char* known) { return key.CompareNoCase(known) == 0; });
+    if (!harmless) continue;
     if (!shown.IsEmpty()) shown += ";";
-    shown += part.Left(4).CompareNoCase("PWD=") == 0 ? CString("PWD=***") : part;
+    shown += part;
   }
   return shown;
 }
@@ -112,7 +120,7 @@ void AfxThrowDBException(RETCODE code, CDatabase* database, HSTMT statement) {
   } else if (by_driver && database != nullptr && database->Connection() != nullptr) {
     records = database->Connection()->Diagnose();
   }
-  if (database != nullptr && !records.empty()) database->ReleaseIfDead(TellsOfLoss(records));
+  if (by_driver && database != nullptr) database->ReleaseIfDead(TellsOfLoss(records));
   Throw(code, records);
 }
 
@@ -144,7 +152,7 @@ BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
   }
   m_facts = std::make_unique<DriverFacts>(ReadFacts(*connection));
   m_connection = std::move(connection);
-  m_strConnect = WithoutPassword(text);
+  m_strConnect = HarmlessParts(text);
   klog::Info(fmt::format("connected: {}; database system {}, procedures {}, transactions {}",
                          m_strConnect.View(), m_facts->dbms, m_facts->procedures, m_facts->transactions));
   PrepareSession();
@@ -224,17 +232,25 @@ BOOL CDatabase::EndTrans(bool commit) {
   // A failed end leaves the transaction pending, so that the caller may still roll it back.
   if (!odbc::Succeeded(m_connection->EndTransaction(commit))) return FailTransaction();
   m_bTransactionPending = FALSE;
-  m_connection->SetAutocommit(true);
+  // A connection that stayed in the transaction would lose every later change: it is given up.
+  if (!odbc::Succeeded(m_connection->SetAutocommit(true))) {
+    LogTransactionFailure();
+    ReleaseIfDead(true);
+  }
   return TRUE;
 }
 
-BOOL CDatabase::FailTransaction() {
+bool CDatabase::LogTransactionFailure() const {
   const odbc::Diagnostics records = m_connection->Diagnose();
   for (const odbc::DiagRecord& record : records) {
     klog::Error(fmt::format("transaction: {} {} {}", record.state, record.native,
                             klog::MaskedMessage(record.state, record.message)));
   }
-  ReleaseIfDead(TellsOfLoss(records));
+  return TellsOfLoss(records);
+}
+
+BOOL CDatabase::FailTransaction() {
+  ReleaseIfDead(LogTransactionFailure());
   return FALSE;
 }
 

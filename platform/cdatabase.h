@@ -54,7 +54,8 @@ class KYODBC_API CDatabase : public CObject {
 
   // The driver's name of the database; empty when there is no connection or the driver cannot tell.
   CString GetDatabaseName() const;
-  // The connection string given to OpenEx without its password.
+  // What of the connection string given to OpenEx says which data is meant: data source, driver, server,
+  // database, user. Passwords and whatever else a string may hold are left out.
   CString GetConnect() const;
 
   BOOL CanUpdate() const;
@@ -81,6 +82,7 @@ class KYODBC_API CDatabase : public CObject {
   void EndSets();
   void PrepareSession();
   BOOL EndTrans(bool commit);
+  bool LogTransactionFailure() const;  // true when the failure tells of a lost connection
   BOOL FailTransaction();
 
   std::unique_ptr<odbc::Connection> m_connection;  // null while closed

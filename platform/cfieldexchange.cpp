@@ -21,8 +21,9 @@ void FieldAccess::Exchange(CFieldExchange* exchange, const FieldRef& ref) {
   }
   // A set that names more columns than it did when it was opened is left alone with the surplus.
   if (index >= set.m_fields->Count()) return;
-  const RETCODE code = set.m_fields->Load(index, set.m_rows->Statement(), set.m_rows->RowIdentity());
+  const RETCODE code = set.m_fields->Load(index, *set.m_rows, set.m_rows->RowIdentity());
   if (!odbc::Succeeded(code)) set.ThrowDBException(code);
+  if (!set.m_fields->IsBuffered(index)) set.m_columnsRead.push_back(static_cast<short>(index));
 }
 
 void RFX_Long(CFieldExchange* exchange, const char* name, LONG& value) {

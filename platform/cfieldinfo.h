@@ -8,7 +8,7 @@
 struct KYODBC_API CODBCFieldInfo {
   CString m_strName;         // as the driver reports it; letter case differs between databases
   SWORD m_nSQLType = 0;      // SQL_VARCHAR, SQL_TYPE_TIMESTAMP, ...
-  SQLULEN m_nPrecision = 0;  // characters of a text column, digits of a number
+  DWORD m_nPrecision = 0;    // characters of a text column, digits of a number
   SWORD m_nScale = 0;
   SWORD m_nNullability = SQL_NULLABLE_UNKNOWN;
 };

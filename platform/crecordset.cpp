@@ -1,5 +1,6 @@
 #include "platform/crecordset.h"
 
+#include "platform/buffered_rows.h"
 #include "platform/dialect.h"
 #include "platform/row_fields.h"
 #include "platform/static_cursor.h"
@@ -9,6 +10,12 @@ namespace {
 constexpr const char* kFrom = " FROM ";
 constexpr const char* kWhere = " WHERE ";
 constexpr const char* kOrderBy = " ORDER BY ";
+
+std::unique_ptr<RowSource> MakeRowSource(const CDatabase& database, bool call) {
+  odbc::Connection& connection = *database.Connection();
+  if (call) return std::make_unique<BufferedRows>(connection, database.QueryTimeout());
+  return std::make_unique<StaticCursor>(connection, database.QueryTimeout());
+}
 
 // The name in a FROM list of exactly one table without an alias; else empty.
 CString SingleTable(const CString& from) {
@@ -49,6 +56,7 @@ CRecordset::CRecordset(CDatabase* database)
       m_nOpenTypeInUse(snapshot),
       m_dwOptions(none),
       m_fields(std::make_unique<RowFields>()),
+      m_pOpenDatabase(nullptr),
       m_pRowKey(nullptr),
       m_mode(noMode),
       m_bDeleted(FALSE),
@@ -81,19 +89,20 @@ BOOL CRecordset::Check(RETCODE code) const {
 }
 
 void CRecordset::ThrowDBException(RETCODE code, HSTMT statement) {
-  AfxThrowDBException(code, m_pDatabase, statement == SQL_NULL_HSTMT ? m_hstmt : statement);
+  AfxThrowDBException(code, m_pOpenDatabase != nullptr ? m_pOpenDatabase : m_pDatabase,
+                      statement == SQL_NULL_HSTMT ? m_hstmt : statement);
 }
 
 BOOL CRecordset::IsOpen() const { return m_hstmt != SQL_NULL_HSTMT; }
 BOOL CRecordset::IsDeleted() const { return m_bDeleted; }
 
-void CRecordset::ConnectDatabase() {
-  if (m_pDatabase != nullptr && m_pDatabase->IsOpen()) return;
+bool CRecordset::ConnectDatabase() {
+  if (m_pDatabase != nullptr && m_pDatabase->IsOpen()) return true;
   if (m_pDatabase == nullptr) {
     m_ownDatabase = std::make_unique<CDatabase>();
     m_pDatabase = m_ownDatabase.get();
   }
-  m_pDatabase->OpenEx(GetDefaultConnect(), CDatabase::noOdbcDialog);
+  return m_pDatabase->OpenEx(GetDefaultConnect(), CDatabase::noOdbcDialog) != FALSE;
 }
 
 void CRecordset::TakeSource(const CString& source) {
@@ -106,7 +115,7 @@ void CRecordset::TakeSource(const CString& source) {
 }
 
 CString CRecordset::BuildSQL() const {
-  if (IsCall(m_strSource)) return m_pDatabase->AdaptSQL(m_strSource);
+  if (IsCall(m_strSource)) return m_pOpenDatabase->AdaptSQL(m_strSource);
   CString sql =
       IsSelect(m_strSource) ? m_strSource : "SELECT " + m_fields->SelectList() + kFrom + m_strSource;
   if (!m_strFilter.IsEmpty()) sql += kWhere + m_strFilter;
@@ -120,7 +129,7 @@ BOOL CRecordset::Open(UINT open_type, const char* sql, DWORD options) {
   if (m_nOpenTypeInUse != dynaset && m_nOpenTypeInUse != snapshot) {
     ThrowDBException(AFX_SQL_ERROR_DYNASET_NOT_SUPPORTED);
   }
-  ConnectDatabase();
+  if (!ConnectDatabase()) return FALSE;
   m_dwOptions = options;
   TakeSource(sql != nullptr ? CString(sql) : GetDefaultSQL());
   CFieldExchange describe(CFieldExchange::kDescribe, this);
@@ -134,8 +143,9 @@ BOOL CRecordset::Open(UINT open_type, const char* sql, DWORD options) {
   m_bAppendable = writable;
   m_bUpdatable = writable && (options & appendOnly) == 0;
   try {
-    m_rows = std::make_unique<StaticCursor>(*m_pDatabase->Connection(), m_pDatabase->QueryTimeout());
-    m_pDatabase->Attach(this);
+    m_rows = MakeRowSource(*m_pDatabase, IsCall(m_strSource));
+    m_pOpenDatabase = m_pDatabase;
+    m_pOpenDatabase->Attach(this);
     m_hstmt = m_rows->Statement().Handle();
     if (m_hstmt == SQL_NULL_HSTMT) ThrowDBException(SQL_ERROR);
     OnSetOptions(m_hstmt);
@@ -165,17 +175,16 @@ void CRecordset::Execute() {
 
 // After the execution, when the drivers know the columns without asking the server again.
 void CRecordset::DescribeColumns() {
-  odbc::Statement& statement = m_rows->Statement();
-  RETCODE code = statement.ColumnCount(&m_nResultCols);
+  RETCODE code = m_rows->ColumnCount(&m_nResultCols);
   if (!odbc::Succeeded(code)) ThrowDBException(code);
   if (static_cast<std::size_t>(m_nResultCols) < m_fields->Count())
     ThrowDBException(AFX_SQL_ERROR_FIELD_SCHEMA_MISMATCH);
   SQLUSMALLINT column = 0;
   for (Field& field : m_fields->All()) {
-    code = statement.DescribeColumn(++column, &field.column);
+    code = m_rows->DescribeColumn(++column, &field.column);
     if (!odbc::Succeeded(code)) ThrowDBException(code);
   }
-  code = m_rows->Bind(*m_fields);
+  code = m_fields->Bind(*m_rows);
   if (!odbc::Succeeded(code)) ThrowDBException(code);
 }
 
@@ -209,7 +218,8 @@ void CRecordset::Close() {
   if (m_rows == nullptr) return;
   m_rows.reset();
   m_hstmt = SQL_NULL_HSTMT;
-  m_pDatabase->Detach(this);
+  if (m_pOpenDatabase != nullptr) m_pOpenDatabase->Detach(this);
+  m_pOpenDatabase = nullptr;
   m_fields->ForgetEdits();
   m_mode = noMode;
   m_bBOF = m_bEOF = TRUE;
@@ -223,7 +233,7 @@ BOOL CRecordset::CanUpdate() const { return IsOpen() && m_bUpdatable; }
 BOOL CRecordset::CanAppend() const { return IsOpen() && m_bAppendable; }
 BOOL CRecordset::CanRestart() const { return IsOpen() && (m_dwOptions & executeDirect) == 0; }
 BOOL CRecordset::CanScroll() const { return IsOpen(); }
-BOOL CRecordset::CanTransact() const { return IsOpen() && m_pDatabase->CanTransact(); }
+BOOL CRecordset::CanTransact() const { return IsOpen() && m_pOpenDatabase->CanTransact(); }
 
 void CRecordset::GetStatus(CRecordsetStatus& status) const {
   status.m_lCurrentRecord = m_lCurrentRecord;

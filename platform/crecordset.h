@@ -31,7 +31,9 @@ struct CRecordsetStatus {
 
 namespace odbc {
 struct Parameter;
+class Statement;
 }
+struct FieldValue;
 class RowFields;  // the bound columns: buffers, flags, saved values
 class RowSource;  // how rows are reached: execute, position, count
 
@@ -110,7 +112,7 @@ class KYODBC_API CRecordset : public CObject {
   void MovePrev() { Move(-1, SQL_FETCH_PRIOR); }
   void SetAbsolutePosition(LONG row) { Move(row, SQL_FETCH_ABSOLUTE); }
   void GetStatus(CRecordsetStatus& status) const;
-  LONG GetRecordCount() const { return m_lRecordCount; }  // rows seen so far; -1 when it cannot be known
+  LONG GetRecordCount() const { return m_lRecordCount; }  // rows seen so far
   const CString& GetSQL() const { return m_strSQL; }      // the statement in use
   const CString& GetTableName() const { return m_strTableName; }  // empty unless the source is one table
 
@@ -177,32 +179,36 @@ class KYODBC_API CRecordset : public CObject {
  private:
   enum EditMode { noMode, addMode, editMode };
 
-  void ConnectDatabase();
+  bool ConnectDatabase();
   void TakeSource(const CString& source);
   CString BuildSQL() const;
   void Execute();
   void DescribeColumns();
   void StandOnFirst();
   void SettleRow();
-  void SettleEnd(WORD fetch_type, LONG rows);
+  void SettleEnd(WORD fetch_type);
   void RequireUpdatableRow();
   void EndMode(bool restore);
   void InsertRow();
   void UpdateRow();
   void ChangeRow(const CString& sql, std::vector<odbc::Parameter>& parameters, bool deleting);
-  LONG CountCondition();
-  CString RowCondition(std::vector<odbc::Parameter>& parameters) const;
+  LONG CountRows(bool written);
+  CString RowCondition(bool written, std::vector<odbc::Parameter>& parameters) const;
+  bool IsView() const;
   SQLLEN RunChange(const CString& sql, std::vector<odbc::Parameter>& parameters);
+  void BindParameters(odbc::Statement& statement, std::vector<odbc::Parameter>& parameters);
   short ColumnIndex(const char* name);
   void RequireColumn(short index);
   void BeginReading(short index);
-  RETCODE ReadColumn(short index, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator);
+  const FieldValue* OwnEdit(short index, std::string& text) const;
   bool ReadText(short index, SWORD c_type, CString& text);
+  RETCODE ReadFixed(short index, SWORD c_type, void* target, SQLLEN size, SQLLEN* indicator);
   void ReadVariant(short index, SWORD c_type, CDBVariant& value);
 
   std::unique_ptr<RowFields> m_fields;
   std::unique_ptr<RowSource> m_rows;
   std::unique_ptr<CDatabase> m_ownDatabase;  // made at Open when no connected one was given
+  CDatabase* m_pOpenDatabase;                // the set is open on it; null while closed
   const LONG* m_pRowKey;
   CString m_strSource;  // FROM list, SELECT or call
   CString m_strSQL;

@@ -6,17 +6,13 @@
 
 namespace {
 
+constexpr LONG kSeveral = 2;
+
 CString Where(const CString& condition) { return " WHERE " + condition; }
 
 void AppendWithComma(CString& list, const CString& item) {
   if (!list.IsEmpty()) list += ",";
   list += item;
-}
-
-FieldValue DirtyValue(const Field& field) {
-  FieldValue value = ReadMember(field.kind, field.member);
-  value.null = field.nulled;
-  return value;
 }
 
 }  // namespace
@@ -75,11 +71,11 @@ void CRecordset::InsertRow() {
     if (!field.dirty) continue;
     AppendWithComma(columns, field.name);
     AppendWithComma(marks, "?");
-    parameters.push_back(m_fields->MakeParameter(field, DirtyValue(field)));
+    parameters.push_back(m_fields->MakeParameter(field, m_fields->Written(field)));
   }
   // The driver's row count says nothing here: it is 0 for a view with triggers.
   RunChange("INSERT INTO " + m_strTableName + " (" + columns + ") VALUES (" + marks + ")", parameters);
-  if (m_lRecordCount >= 0) ++m_lRecordCount;
+  ++m_lRecordCount;
 }
 
 void CRecordset::UpdateRow() {
@@ -88,7 +84,7 @@ void CRecordset::UpdateRow() {
   for (const Field& field : m_fields->All()) {
     if (!field.dirty) continue;
     AppendWithComma(assignments, field.name + "=?");
-    parameters.push_back(m_fields->MakeParameter(field, DirtyValue(field)));
+    parameters.push_back(m_fields->MakeParameter(field, m_fields->Written(field)));
   }
   ChangeRow("UPDATE " + m_strTableName + " SET " + assignments, parameters, false);
   m_fields->RememberEdit(m_rows->RowIdentity());
@@ -107,33 +103,38 @@ void CRecordset::Delete() {
 }
 
 // Appends what finds the current row to the statement and runs it; exactly one row must be changed. A
-// driver that says "none" may be wrong, for a view or for values that were already stored; then the
-// condition itself is counted, so that the ordinary road takes one statement. A row that is gone after a
-// deletion was deleted.
+// driver that says "none" may be wrong: of a view, or of values that were already stored. Then the row is
+// looked for, so that the ordinary road takes one statement.
 void CRecordset::ChangeRow(const CString& sql, std::vector<odbc::Parameter>& parameters, bool deleting) {
-  const CString condition = RowCondition(parameters);
+  const CString condition = RowCondition(false, parameters);
+  // Nothing that the set holds tells this row from others.
+  if (condition.IsEmpty()) ThrowDBException(AFX_SQL_ERROR_RECORDSET_READONLY);
   const SQLLEN changed = RunChange(sql + Where(condition), parameters);
   if (changed == 1) return;
-  if (changed > 1) ThrowDBException(AFX_SQL_ERROR_MULTIPLE_ROWS_AFFECTED);
-  const LONG matching = CountCondition();
-  if (matching == (deleting ? 0 : 1)) return;
-  ThrowDBException(matching > 1 ? AFX_SQL_ERROR_MULTIPLE_ROWS_AFFECTED : AFX_SQL_ERROR_NO_ROWS_AFFECTED);
+  const LONG there = changed > 1 ? kSeveral : CountRows(false);
+  if (there > 1) ThrowDBException(AFX_SQL_ERROR_MULTIPLE_ROWS_AFFECTED);
+  if (there == 1 && !deleting) return;
+  // The row is not to be found as it was. Of a table that means that it was gone before.
+  if (there == 0 && (changed < 0 || IsView()) && (deleting || CountRows(true) == 1)) return;
+  ThrowDBException(AFX_SQL_ERROR_NO_ROWS_AFFECTED);
 }
 
-// The row key as fetched, or without one every bound column as fetched.
-CString CRecordset::RowCondition(std::vector<odbc::Parameter>& parameters) const {
+// What finds the current row: the row key, or without one every bound column. `written`: after the pending
+// change, else as the row was fetched or last edited.
+CString CRecordset::RowCondition(bool written, std::vector<odbc::Parameter>& parameters) const {
   const Field* key = m_fields->Find(m_pRowKey);
-  if (key != nullptr) {
-    FieldValue value;
-    value.number = m_lKeyLoaded;
-    parameters.push_back(m_fields->MakeParameter(*key, value));
-    return key->name + "=?";
-  }
   CString condition;
   for (std::size_t index = 0; index < m_fields->Count(); ++index) {
-    if (!m_fields->IsBuffered(index)) continue;
     const Field& field = m_fields->At(index);
-    const FieldValue value = m_fields->Fetched(index);
+    if (key != nullptr && &field != key) continue;
+    FieldValue value;
+    if (written && field.dirty) {
+      value = m_fields->Written(field);
+    } else if (&field == key) {
+      value.number = m_lKeyLoaded;
+    } else if (!m_fields->Held(index, m_rows->RowIdentity(), &value)) {
+      continue;
+    }
     if (!condition.IsEmpty()) condition += " AND ";
     condition += field.name + (value.null ? " IS NULL" : "=?");
     if (!value.null) parameters.push_back(m_fields->MakeParameter(field, value));
@@ -141,31 +142,40 @@ CString CRecordset::RowCondition(std::vector<odbc::Parameter>& parameters) const
   return condition;
 }
 
-// The number of rows changed, as the driver tells it.
-SQLLEN CRecordset::RunChange(const CString& sql, std::vector<odbc::Parameter>& parameters) {
-  odbc::Statement statement(*m_pDatabase->Connection());
-  if (statement.Handle() == SQL_NULL_HSTMT) AfxThrowDBException(SQL_ERROR, m_pDatabase, SQL_NULL_HSTMT);
-  statement.AskForQueryTimeout(m_pDatabase->QueryTimeout());
-  OnSetUpdateOptions(statement.Handle());
-  RETCODE code = SQL_SUCCESS;
-  SQLUSMALLINT position = 0;
-  for (odbc::Parameter& parameter : parameters) {
-    code = statement.BindParameter(++position, &parameter);
-    if (!odbc::Succeeded(code)) ThrowDBException(code, statement.Handle());
-  }
-  code = statement.ExecuteDirect(sql);
-  if (!odbc::Succeeded(code) && code != SQL_NO_DATA) ThrowDBException(code, statement.Handle());
-  SQLLEN changed = 0;
-  if (code != SQL_NO_DATA) statement.RowCount(&changed);
-  return changed;
+// Views on which triggers do the work are where drivers count nothing.
+bool CRecordset::IsView() const {
+  odbc::Statement statement(*m_pOpenDatabase->Connection());
+  return statement.MayBeView(m_strTableName.Mid(m_strTableName.ReverseFind('.') + 1));
 }
 
-LONG CRecordset::CountCondition() {
-  std::vector<odbc::Parameter> parameters;
-  const CString condition = RowCondition(parameters);
-  odbc::Statement statement(*m_pDatabase->Connection());
+// The number of rows changed, as the driver tells it; negative when it cannot.
+SQLLEN CRecordset::RunChange(const CString& sql, std::vector<odbc::Parameter>& parameters) {
+  odbc::Statement statement(*m_pOpenDatabase->Connection());
+  if (statement.Handle() == SQL_NULL_HSTMT) AfxThrowDBException(SQL_ERROR, m_pOpenDatabase, SQL_NULL_HSTMT);
+  statement.AskForQueryTimeout(m_pOpenDatabase->QueryTimeout());
+  OnSetUpdateOptions(statement.Handle());
+  BindParameters(statement, parameters);
+  const RETCODE code = statement.ExecuteDirect(sql);
+  if (code == SQL_NO_DATA) return 0;
+  if (!odbc::Succeeded(code)) ThrowDBException(code, statement.Handle());
+  SQLLEN changed = -1;
+  return odbc::Succeeded(statement.RowCount(&changed)) ? changed : -1;
+}
+
+void CRecordset::BindParameters(odbc::Statement& statement, std::vector<odbc::Parameter>& parameters) {
   SQLUSMALLINT position = 0;
-  for (odbc::Parameter& parameter : parameters) statement.BindParameter(++position, &parameter);
+  for (odbc::Parameter& parameter : parameters) {
+    const RETCODE code = statement.BindParameter(++position, &parameter);
+    if (!odbc::Succeeded(code)) ThrowDBException(code, statement.Handle());
+  }
+}
+
+LONG CRecordset::CountRows(bool written) {
+  std::vector<odbc::Parameter> parameters;
+  const CString condition = RowCondition(written, parameters);
+  odbc::Statement statement(*m_pOpenDatabase->Connection());
+  statement.AskForQueryTimeout(m_pOpenDatabase->QueryTimeout());
+  BindParameters(statement, parameters);
   RETCODE code = statement.ExecuteDirect("SELECT COUNT(*) FROM " + m_strTableName + Where(condition));
   if (odbc::Succeeded(code)) code = statement.ExtendedFetch(SQL_FETCH_NEXT, 0);
   LONG count = 0;
@@ -186,7 +196,7 @@ BOOL CRecordset::IsFieldDirty(void* member) {
 
 BOOL CRecordset::IsFieldNull(void* member) {
   for (const Field& field : m_fields->All()) {
-    if ((member == nullptr || field.member == member) && (field.null || field.nulled)) return TRUE;
+    if ((member == nullptr || field.member == member) && m_fields->IsNull(field, m_mode != noMode)) return TRUE;
   }
   return FALSE;
 }

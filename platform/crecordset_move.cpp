@@ -1,4 +1,6 @@
 // Moving over the rows of an open set.
+#include <algorithm>
+
 #include "platform/crecordset.h"
 #include "platform/row_fields.h"
 #include "platform/row_source.h"
@@ -30,16 +32,13 @@ void CRecordset::Move(LONG rows, WORD fetch_type) {
   if (beyond) ThrowDBException(AFX_SQL_ERROR_NO_CURRENT_RECORD);
   const RETCODE code = ExtendedFetch(fetch_type, rows);
   CheckRowsetError(code);
-  m_bDeleted = FALSE;
   if (code == SQL_NO_DATA) {
-    SettleEnd(fetch_type, rows);
+    SettleEnd(fetch_type);
     return;
   }
   SettleRow();
   // The last row is reached without having seen those before it: the count of rows seen stays.
-  if (fetch_type != SQL_FETCH_LAST && m_lRecordCount < m_lCurrentRecord + 1) {
-    m_lRecordCount = m_lCurrentRecord + 1;
-  }
+  if (fetch_type != SQL_FETCH_LAST) m_lRecordCount = std::max(m_lRecordCount, m_lCurrentRecord + 1);
 }
 
 void CRecordset::SettleRow() {
@@ -48,12 +47,16 @@ void CRecordset::SettleRow() {
   Fixups();
 }
 
-void CRecordset::SettleEnd(WORD fetch_type, LONG rows) {
+void CRecordset::SettleEnd(WORD fetch_type) {
+  if (fetch_type == SQL_FETCH_NEXT) {
+    // The row left behind was the last one, so all rows are known now. A deleted one does not count.
+    m_lRecordCount = std::max(m_lRecordCount, m_lCurrentRecord + (m_bDeleted ? 0 : 1));
+    m_bEOFSeen = TRUE;
+  }
   const bool nothing = fetch_type == SQL_FETCH_FIRST || fetch_type == SQL_FETCH_LAST;
-  const bool forward = fetch_type == SQL_FETCH_NEXT ||
-                       ((fetch_type == SQL_FETCH_RELATIVE || fetch_type == SQL_FETCH_ABSOLUTE) && rows > 0);
-  m_bEOF = nothing || forward;
-  m_bBOF = nothing || !forward;
-  m_lCurrentRecord = forward ? AFX_CURRENT_RECORD_UNDEFINED : AFX_CURRENT_RECORD_BOF;
-  if (m_bEOF) m_bEOFSeen = TRUE;
+  const bool after_last = m_rows->Position() == RowSource::kAfterLast;
+  m_bDeleted = FALSE;
+  m_bEOF = nothing || after_last;
+  m_bBOF = nothing || !after_last;
+  m_lCurrentRecord = m_bBOF ? AFX_CURRENT_RECORD_BOF : AFX_CURRENT_RECORD_UNDEFINED;
 }

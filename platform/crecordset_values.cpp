@@ -4,10 +4,9 @@
 #include "platform/crecordset.h"
 #include "platform/row_fields.h"
 #include "platform/row_source.h"
+#include "platform/text_value.h"
 
 namespace {
-
-constexpr std::size_t kTextStep = 4096;
 
 struct DefaultType {
   SWORD sql_type;
@@ -39,6 +38,37 @@ SWORD DefaultCType(SWORD sql_type) {
     if (row.sql_type == sql_type) return row.c_type;
   }
   return SQL_C_CHAR;
+}
+
+constexpr SWORD kNoCType = 0;
+
+struct VariantType {
+  SWORD asked;
+  SWORD read;
+};
+
+// The C types that a variant can hold, by the names of both ODBC versions.
+constexpr VariantType kVariantTypes[] = {
+    {SQL_C_CHAR,           SQL_C_CHAR          },
+    {SQL_C_BINARY,         SQL_C_BINARY        },
+    {SQL_C_BIT,            SQL_C_BIT           },
+    {SQL_C_UTINYINT,       SQL_C_UTINYINT      },
+    {SQL_C_TINYINT,        SQL_C_UTINYINT      },
+    {SQL_C_SSHORT,         SQL_C_SSHORT        },
+    {SQL_C_SHORT,          SQL_C_SSHORT        },
+    {SQL_C_SLONG,          SQL_C_SLONG         },
+    {SQL_C_LONG,           SQL_C_SLONG         },
+    {SQL_C_FLOAT,          SQL_C_FLOAT         },
+    {SQL_C_DOUBLE,         SQL_C_DOUBLE        },
+    {SQL_C_TYPE_TIMESTAMP, SQL_C_TYPE_TIMESTAMP},
+    {SQL_C_TIMESTAMP,      SQL_C_TYPE_TIMESTAMP},
+};
+
+SWORD VariantCType(SWORD asked) {
+  for (const VariantType& row : kVariantTypes) {
+    if (row.asked == asked) return row.read;
+  }
+  return kNoCType;
 }
 
 bool IsTextType(SWORD type) {
@@ -76,7 +106,7 @@ void CRecordset::GetODBCFieldInfo(short index, CODBCFieldInfo& info) {
     info = m_fields->At(number).column;
     return;
   }
-  const RETCODE code = m_rows->Statement().DescribeColumn(static_cast<SQLUSMALLINT>(index + 1), &info);
+  const RETCODE code = m_rows->DescribeColumn(static_cast<SQLUSMALLINT>(index + 1), &info);
   if (!odbc::Succeeded(code)) ThrowDBException(code);
 }
 
@@ -84,32 +114,37 @@ void CRecordset::GetODBCFieldInfo(const char* name, CODBCFieldInfo& info) {
   GetODBCFieldInfo(ColumnIndex(name), info);
 }
 
-// One reading of a column of the current row. Drivers differ on a second one: the row is fetched again
-// first.
-RETCODE CRecordset::ReadColumn(short index, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator) {
-  return m_rows->Statement().GetData(static_cast<SQLUSMALLINT>(index + 1), c_type, buffer, size, indicator);
+// The value that the set's own edit gave the column of the current row, as a text; null when there was none.
+const FieldValue* CRecordset::OwnEdit(short index, std::string& text) const {
+  const auto number = static_cast<std::size_t>(index);
+  if (number >= m_fields->Count()) return nullptr;
+  const FieldValue* edited = m_fields->Edited(number, m_rows->RowIdentity());
+  const Field& field = m_fields->At(number);
+  if (edited != nullptr && !edited->null) text = ValueText(*edited, field.kind, IsDateColumn(field));
+  return edited;
 }
 
 bool CRecordset::ReadText(short index, SWORD c_type, CString& text) {
-  const bool characters = c_type == SQL_C_CHAR;  // a zero byte follows each piece
   std::string bytes;
-  std::size_t length = 0;
-  for (;;) {
-    bytes.resize(std::max(2 * length, kTextStep));
-    const std::size_t room = bytes.size() - length;
-    SQLLEN indicator = 0;
-    const RETCODE code =
-        ReadColumn(index, c_type, bytes.data() + length, static_cast<SQLLEN>(room), &indicator);
-    if (code == SQL_NO_DATA) break;
-    if (!odbc::Succeeded(code)) ThrowDBException(code);
-    if (indicator == SQL_NULL_DATA) return false;
-    const std::size_t piece = characters ? room - 1 : room;
-    const bool all = indicator >= 0 && static_cast<std::size_t>(indicator) <= piece;
-    length += all ? static_cast<std::size_t>(indicator) : piece;
-    if (all) break;
+  bool null = false;
+  if (const FieldValue* edited = OwnEdit(index, bytes)) {
+    if (!edited->null) text.Assign(bytes.data(), bytes.size());
+    return !edited->null;
   }
-  text.Assign(bytes.data(), length);
-  return true;
+  const RETCODE code = m_rows->ReadWhole(static_cast<SQLUSMALLINT>(index + 1), c_type, &bytes, &null);
+  if (!odbc::Succeeded(code)) ThrowDBException(code);
+  if (!null) text.Assign(bytes.data(), bytes.size());
+  return !null;
+}
+
+RETCODE CRecordset::ReadFixed(short index, SWORD c_type, void* target, SQLLEN size, SQLLEN* indicator) {
+  std::string text;
+  const FieldValue* edited = OwnEdit(index, text);
+  if (edited == nullptr) {
+    return m_rows->GetData(static_cast<SQLUSMALLINT>(index + 1), c_type, target, size, indicator);
+  }
+  *indicator = SQL_NULL_DATA;
+  return edited->null ? RETCODE{SQL_SUCCESS} : text_value::Read(text, c_type, target, indicator);
 }
 
 void CRecordset::ReadVariant(short index, SWORD c_type, CDBVariant& value) {
@@ -129,7 +164,7 @@ void CRecordset::ReadVariant(short index, SWORD c_type, CDBVariant& value) {
     TIMESTAMP_STRUCT time;
   } read = {};
   SQLLEN indicator = 0;
-  const RETCODE code = ReadColumn(index, c_type, &read, sizeof read, &indicator);
+  const RETCODE code = ReadFixed(index, c_type, &read, sizeof read, &indicator);
   if (!odbc::Succeeded(code)) ThrowDBException(code);
   if (indicator == SQL_NULL_DATA) return;
   switch (c_type) {
@@ -145,13 +180,12 @@ void CRecordset::ReadVariant(short index, SWORD c_type, CDBVariant& value) {
       return value.SetSingle(read.real);
     case SQL_C_DOUBLE:
       return value.SetDouble(read.precise);
-    case SQL_C_TYPE_TIMESTAMP:
-      return value.SetDate(read.time);
     default:
-      ThrowDBException(AFX_SQL_ERROR_NOT_SUPPORTED);
+      return value.SetDate(read.time);
   }
 }
 
+// Drivers differ on a second reading of a column: the row is fetched again first.
 void CRecordset::BeginReading(short index) {
   RequireColumn(index);
   if (m_bBOF || m_bEOF || m_bDeleted) ThrowDBException(AFX_SQL_ERROR_NO_CURRENT_RECORD);
@@ -165,12 +199,12 @@ void CRecordset::BeginReading(short index) {
 
 void CRecordset::GetFieldValue(short index, CDBVariant& value, short field_type) {
   BeginReading(index);
-  SWORD c_type = field_type;
-  if (field_type == DEFAULT_FIELD_TYPE) {
-    CODBCFieldInfo info;
-    GetODBCFieldInfo(index, info);
-    c_type = DefaultCType(info.m_nSQLType);
-  }
+  CODBCFieldInfo info;
+  if (field_type == DEFAULT_FIELD_TYPE) GetODBCFieldInfo(index, info);
+  const SWORD c_type =
+      field_type == DEFAULT_FIELD_TYPE ? DefaultCType(info.m_nSQLType) : VariantCType(field_type);
+  // Other types are larger than what the variant holds, and a driver would write beyond it.
+  if (c_type == kNoCType) ThrowDBException(AFX_SQL_ERROR_NOT_SUPPORTED);
   ReadVariant(index, c_type, value);
 }
 

@@ -88,13 +88,14 @@ class KYODBC_API CString {
   CString Tokenize(const char* separators, int& start) const;
 
   // As sprintf, of any length. CString arguments are taken as texts up to their first zero byte; the
-  // string itself may be among them. What cannot be formatted gives the empty text.
+  // string itself may be among them. What cannot be formatted gives the empty text. Arguments are taken by
+  // value, so fields of packed records may be passed as they are.
   template <class... Args>
-  void Format(const char* format, const Args&... args) {
+  void Format(const char* format, Args... args) {
     Assign(FormatText(format, Argument(args)...));
   }
   template <class... Args>
-  void AppendFormat(const char* format, const Args&... args) {
+  void AppendFormat(const char* format, Args... args) {
     *this += FormatText(format, Argument(args)...);
   }
 

@@ -41,7 +41,8 @@ DriverFacts ReadFacts(const odbc::Connection& connection) {
 
 bool IsSelect(const CString& sql) {
   constexpr int kWordLength = 6;
-  return BeginsWith(sql, "SELECT") && std::isspace(static_cast<unsigned char>(sql.GetAt(kWordLength))) != 0;
+  const char next = sql.GetAt(kWordLength);
+  return BeginsWith(sql, "SELECT") && std::isalnum(static_cast<unsigned char>(next)) == 0 && next != '_';
 }
 
 bool IsCall(const CString& sql) { return BeginsWith(sql, "{CALL"); }

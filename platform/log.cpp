@@ -1,5 +1,6 @@
 #include "platform/log.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <memory>
@@ -91,38 +92,49 @@ void Write(Level level, std::string_view message) {
 
 bool IsWordByte(char byte) { return std::isalnum(static_cast<unsigned char>(byte)) != 0 || byte == '_'; }
 
-// The position behind the literal that opens at `start`; a doubled quote belongs to the literal.
+// The position behind the literal that opens at `start`. A doubled quote belongs to the literal, and so does a
+// quote with a word right behind it: that is a text whose quotes were not doubled. When the quotes do not even
+// come in pairs, nobody knows where a text ends, and the rest counts as one.
 std::size_t LiteralEnd(std::string_view sql, std::size_t start) {
   const char quote = sql[start];
-  std::size_t at = start + 1;
-  while (at < sql.size()) {
-    if (sql[at] != quote) {
+  if (std::count(sql.begin(), sql.end(), quote) % 2 != 0) return sql.size();
+  for (std::size_t at = start + 1; at < sql.size(); ++at) {
+    if (sql[at] != quote) continue;
+    if (at + 1 == sql.size()) break;
+    if (sql[at + 1] == quote) {
       ++at;
-    } else if (at + 1 < sql.size() && sql[at + 1] == quote) {
-      at += 2;
-    } else {
+    } else if (!IsWordByte(sql[at + 1])) {
       return at + 1;
     }
   }
-  return at;
+  return sql.size();
 }
 
+bool IsQuote(char byte) { return byte == '\'' || byte == '"' || byte == '`'; }
+
+bool IsLetterAt(std::string_view text, std::size_t at) {
+  return at < text.size() && std::isalpha(static_cast<unsigned char>(text[at])) != 0;
+}
+
+// Databases quote what they complain of as it stands, quotes inside and all. So everything from the first
+// quote to the last one is hidden; an apostrophe within a word ("can't") opens and closes nothing.
 std::string MaskQuoted(std::string_view message) {
-  std::string masked;
-  std::size_t at = 0;
-  while (at < message.size()) {
-    if (message[at] == '\'' || message[at] == '"') {
-      masked += "'?'";
-      at = LiteralEnd(message, at);
-    } else if (message.substr(at, 2) == "=(") {  // a server's detail names the key as (column)=(value)
-      masked += "=(?)";
-      const std::size_t close = message.find(')', at);
-      at = close == std::string_view::npos ? message.size() : close + 1;
-    } else {
-      masked += message[at++];
-    }
+  std::size_t first = 0;
+  while (first < message.size() && !(IsQuote(message[first]) && !IsLetterAt(message, first - 1))) ++first;
+  if (first == message.size()) return std::string(message);
+  std::size_t last = message.size();
+  for (std::size_t at = first + 1; at < message.size(); ++at) {
+    if (IsQuote(message[at]) && !IsLetterAt(message, at + 1)) last = at + 1;
   }
-  return masked;
+  return std::string(message.substr(0, first)) + "'?'" + std::string(message.substr(last));
+}
+
+// A server's detail names a key as (column)=(value).
+std::string MaskKeyValues(const std::string& message) {
+  const std::size_t open = message.find("=(");
+  if (open == std::string::npos) return message;
+  const std::size_t close = message.rfind(')');
+  return message.substr(0, open) + "=(?)" + (close > open + 1 && close != std::string::npos ? message.substr(close + 1) : std::string());
 }
 
 }  // namespace
@@ -140,7 +152,7 @@ std::string MaskedSQL(std::string_view sql) {
   std::string masked;
   std::size_t at = 0;
   while (at < sql.size()) {
-    if (sql[at] == '\'') {
+    if (sql[at] == '\'' || sql[at] == '"') {
       masked += "'?'";
       at = LiteralEnd(sql, at);
     } else if (std::isdigit(static_cast<unsigned char>(sql[at])) != 0 &&
@@ -157,7 +169,7 @@ std::string MaskedSQL(std::string_view sql) {
 std::string MaskedMessage(std::string_view state, std::string_view message) {
   const bool names_only = state == "42S02" || state == "42S22" || state == "42P01" || state == "42703";
   if (TheLog().values || names_only) return std::string(message);
-  return MaskQuoted(message);
+  return MaskKeyValues(MaskQuoted(message));
 }
 
 WORD Caught(CDBException* exception, WORD code) {

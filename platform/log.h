@@ -32,8 +32,8 @@ void Statement(std::string_view sql, std::chrono::steady_clock::duration time);
 
 // `sql` with the contents of its literals and its numbers replaced by "?", unless values are asked for.
 std::string MaskedSQL(std::string_view sql);
-// A driver's message with what it quotes masked. Messages about missing tables and columns (by
-// SQLSTATE) keep their names.
+// A driver's message with everything from its first quotation to its last masked. Messages about missing
+// tables and columns (by SQLSTATE) keep their names.
 std::string MaskedMessage(std::string_view state, std::string_view message);
 
 // Reads the environment again. For tests; the library reads it once.

@@ -1,6 +1,7 @@
 #include "platform/odbc.h"
 
 #include <algorithm>
+#include <limits>
 #include <type_traits>
 
 #include <fmt/format.h>
@@ -180,7 +181,10 @@ RETCODE Statement::Logged(const CString& sql, RETCODE (Statement::*run)()) {
 RETCODE Statement::Prepare(const CString& sql) {
   if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
   m_sql = sql;
-  return Call("SQLPrepare", SQLPrepare, m_statement, Text(sql), sql.GetLength());
+  const RETCODE code = Call("SQLPrepare", SQLPrepare, m_statement, Text(sql), sql.GetLength());
+  // The statement that will not be executed is the one that a reader of the log looks for.
+  if (!Succeeded(code)) klog::Statement(sql.View(), {});
+  return code;
 }
 
 RETCODE Statement::RunPrepared() { return Call("SQLExecute", SQLExecute, m_statement); }
@@ -211,10 +215,13 @@ RETCODE Statement::ColumnCount(SWORD* count) {
 RETCODE Statement::DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) {
   SQLCHAR name[kNameSize] = {};
   SQLSMALLINT length = 0;
+  SQLULEN precision = 0;
   const RETCODE code =
       Call("SQLDescribeCol", SQLDescribeCol, m_statement, column, name, static_cast<SQLSMALLINT>(sizeof name),
-           &length, &info->m_nSQLType, &info->m_nPrecision, &info->m_nScale, &info->m_nNullability);
-  if (Succeeded(code)) info->m_strName = reinterpret_cast<char*>(name);
+           &length, &info->m_nSQLType, &precision, &info->m_nScale, &info->m_nNullability);
+  if (!Succeeded(code)) return code;
+  info->m_strName = reinterpret_cast<char*>(name);
+  info->m_nPrecision = static_cast<DWORD>(std::min<SQLULEN>(precision, std::numeric_limits<DWORD>::max()));
   return code;
 }
 
@@ -256,6 +263,14 @@ SQLULEN Statement::RowNumber() const {
   const RETCODE code = Call("SQLGetStmtAttr", SQLGetStmtAttr, m_statement, SQL_ATTR_ROW_NUMBER, &number,
                             SQL_IS_UINTEGER, nullptr);
   return Succeeded(code) ? number : 0;
+}
+
+bool Statement::MayBeView(const CString& name) {
+  SQLCHAR view[] = "VIEW";
+  RETCODE code = Call("SQLTables", SQLTables, m_statement, nullptr, 0, nullptr, 0, Text(name), SQL_NTS, view,
+                      SQL_NTS);
+  if (Succeeded(code)) code = ExtendedFetch(SQL_FETCH_NEXT, 0);
+  return code != SQL_NO_DATA;
 }
 
 }  // namespace odbc

@@ -96,6 +96,8 @@ class Statement {
   RETCODE GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator);
   RETCODE RowCount(SQLLEN* count);
   SQLULEN RowNumber() const;  // of the current row; 0 when the driver cannot tell
+  // Asks the catalogue on this otherwise unused statement. False only when it knows no view of that name.
+  bool MayBeView(const CString& name);
   Diagnostics Diagnose() const { return DiagnoseStatement(m_statement); }
 
  private:

@@ -10,10 +10,11 @@
 
 #include "platform/cfieldinfo.h"
 #include "platform/cstring.h"
+#include "platform/field_value.h"
 #include "platform/odbc.h"
 #include "platform/types.h"
 
-enum class FieldKind { kLong, kInt, kBool, kText, kDate };
+class RowSource;
 
 // A member as an RFX call names it.
 struct FieldRef {
@@ -21,16 +22,6 @@ struct FieldRef {
   FieldKind kind;
   void* member;
   int max_length;  // bytes of a text
-};
-
-// The value of a member or a column; the part that the kind names is used.
-struct FieldValue {
-  bool null = false;
-  LONG number = 0;
-  TIMESTAMP_STRUCT time = {};
-  std::string text;
-
-  bool SameAs(const FieldValue& other, FieldKind kind) const;
 };
 
 struct Field {
@@ -44,17 +35,15 @@ struct Field {
   std::size_t capacity = 0;  // bytes there; 0: a wide text, read on demand
   SQLLEN indicator = 0;
 
-  bool null = false;    // of the row last copied into the members
-  bool nulled = false;  // the caller asked for NULL
-  bool forced = false;  // the caller declared the field changed
+  bool null = false;        // of the row last copied into the members
+  bool nulled = false;      // the caller asked for NULL
+  bool forced = false;      // the caller declared the field changed
+  bool unassigned = false;  // NULL, and the member was given no value
   bool dirty = false;
   FieldValue before;  // what CancelUpdate gives back
   bool null_before = false;
   FieldValue clean;  // what counts as unchanged
 };
-
-FieldValue ReadMember(FieldKind kind, const void* member);
-void WriteMember(FieldKind kind, const FieldValue& value, void* member);
 
 class RowFields {
  public:
@@ -69,14 +58,17 @@ class RowFields {
   // Column names separated by commas, in exchange order.
   CString SelectList() const;
   // Lays out the buffer for the described columns and binds it.
-  RETCODE Bind(odbc::Statement& statement);
+  RETCODE Bind(RowSource& source);
 
   // Copies column `index` of the fetched row into its member. `row` identifies the row for its own edits.
-  RETCODE Load(std::size_t index, odbc::Statement& statement, SQLLEN row);
-  // The column's value in the fetch buffer, for finding the row again.
-  FieldValue Fetched(std::size_t index) const;
-  // Columns wider than the buffer are read on demand and take no part in finding a row.
+  RETCODE Load(std::size_t index, RowSource& source, SQLLEN row);
+  // Columns wider than the buffer are read on demand.
   bool IsBuffered(std::size_t index) const { return m_fields[index].capacity != 0; }
+  // The value that the set's own edit gave the column of the row; null when there was none.
+  const FieldValue* Edited(std::size_t index, SQLLEN row) const;
+  // What the row holds in the column: its own edit, or what the fetch buffer holds. False when the buffer
+  // does not hold all of it.
+  bool Held(std::size_t index, SQLLEN row, FieldValue* value) const;
 
   // AddNew: every field becomes NULL, clean and a value that no caller assigns.
   void BeginAdd();
@@ -84,6 +76,10 @@ class RowFields {
   void BeginEdit();
   // Decides which fields the pending change writes.
   bool MarkDirty(bool adding);
+  // What the pending change writes to the field's column.
+  FieldValue Written(const Field& field) const;
+  // True when the field is NULL, or will be by the pending change.
+  bool IsNull(const Field& field, bool changing) const;
   // Ends a pending change; the members get back what they held before it when `restore` is set.
   void End(bool restore);
 
@@ -92,17 +88,17 @@ class RowFields {
   void ForgetEdits() { m_edits.clear(); }
 
   // The field bound to `member`; null when there is none.
-  Field* Find(const void* member);
+  const Field* Find(const void* member) const;
 
-  // A value to send for the field: a number, a cut text, a date as the literals write it, or NULL.
+  // A value to send for the field: a number, a text, a date as the literals write it, or NULL.
   odbc::Parameter MakeParameter(const Field& field, const FieldValue& value) const;
 
  private:
   void LoadNull(Field& field);
-  RETCODE LoadWideText(Field& field, SQLUSMALLINT column, odbc::Statement& statement);
+  RETCODE LoadWideText(Field& field, SQLUSMALLINT column, RowSource& source);
   void LoadBuffered(Field& field);
   std::size_t BufferedLength(const Field& field) const;
-  bool LoadEdit(Field& field, std::size_t index, SQLLEN row);
+  bool IsWholeInBuffer(const Field& field) const;
 
   std::vector<Field> m_fields;
   std::unique_ptr<char[]> m_buffer;
@@ -110,8 +106,7 @@ class RowFields {
   std::map<SQLLEN, std::map<std::size_t, FieldValue>> m_edits;
 };
 
-// True when the date is one that a date or timestamp column can hold.
-bool IsStorableDate(const TIMESTAMP_STRUCT& value);
-bool IsAllZero(const TIMESTAMP_STRUCT& value);
+// Date columns have no time of day.
+bool IsDateColumn(const Field& field);
 
 #endif

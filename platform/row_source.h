@@ -3,9 +3,10 @@
 #ifndef KYODBC_PLATFORM_ROW_SOURCE_H
 #define KYODBC_PLATFORM_ROW_SOURCE_H
 
+#include <string>
+
 #include "platform/cstring.h"
 #include "platform/odbc.h"
-#include "platform/row_fields.h"
 #include "platform/types.h"
 
 class RowSource {
@@ -22,8 +23,18 @@ class RowSource {
   // Runs the query, again if it ran before, and stands before the first row. Deletions and positions of
   // an earlier run are forgotten.
   virtual RETCODE Execute(const CString& sql, Run run) = 0;
-  // Binds the described columns to the fields' buffer.
-  virtual RETCODE Bind(RowFields& fields) = 0;
+
+  // The columns of the result; counted from 1. Zero columns: the statement gave no result.
+  virtual RETCODE ColumnCount(SWORD* count) = 0;
+  virtual RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) = 0;
+  // Every fetch from now on leaves the column in `buffer` and its length, or SQL_NULL_DATA, in `indicator`.
+  virtual RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
+                             SQLLEN* indicator) = 0;
+  // Reads a column of the current row as SQLGetData does: long values in pieces.
+  virtual RETCODE GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
+                          SQLLEN* indicator) = 0;
+  // Reads all of a column as text or bytes (SQL_C_CHAR, SQL_C_BINARY).
+  RETCODE ReadWhole(SQLUSMALLINT column, SWORD c_type, std::string* bytes, bool* null);
 
   // Fetches a logical row as SQLExtendedFetch would; SQL_NO_DATA beyond either end.
   virtual RETCODE Fetch(WORD type, SQLLEN row) = 0;

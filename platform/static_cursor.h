@@ -13,12 +13,21 @@ class StaticCursor : public RowSource {
 
   odbc::Statement& Statement() override { return m_statement; }
   RETCODE Execute(const CString& sql, Run run) override;
-  RETCODE Bind(RowFields& fields) override;
+  RETCODE ColumnCount(SWORD* count) override;
+  RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) override;
+  RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
+                     SQLLEN* indicator) override;
+  RETCODE GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator) override;
   RETCODE Fetch(WORD type, SQLLEN row) override;
   SQLLEN Position() const override { return m_position; }
   SQLLEN RowIdentity() const override { return m_driver_row; }
   RETCODE Refresh() override;
   void ForgetCurrentRow() override;
+
+ protected:
+  // Rows as the driver counts them, deleted ones included.
+  virtual RETCODE FetchRow(SQLLEN row);
+  virtual RETCODE CountPhysical(SQLLEN* count);
 
  private:
   static constexpr SQLLEN kUnknown = -1;
@@ -26,12 +35,11 @@ class StaticCursor : public RowSource {
   RETCODE FetchLogical(SQLLEN row);
   RETCODE FetchPhysical(SQLLEN row);
   RETCODE FetchFromEnd(SQLLEN rows_from_end);
-  SQLLEN RelativeBase(SQLLEN rows);
+  RETCODE FetchRelative(SQLLEN rows);
   SQLLEN PhysicalRow(SQLLEN logical) const;
-  SQLLEN Count();
-  SQLLEN CountPhysical();
+  RETCODE Count(SQLLEN* count);
   bool IsLastRow(SQLLEN row);
-  SQLLEN ProbeCount();
+  RETCODE ProbeCount(SQLLEN* count);
 
   odbc::Statement m_statement;
   CString m_prepared_sql;  // what the statement is prepared for

@@ -22,10 +22,9 @@ class CCfgRec : public CKyRecSet {
   void CopyOut(tagTCONFIG* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members.
   void CopyIn(const tagTCONFIG* record);
-  // Makes m_strFilter select the entry that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // doctor, station and name of the setting, all given.
+  // Makes m_strFilter select the entry that `record` describes: by its key, or for key 0 by its natural
+  // key, whose mask bits are then cleared. Returns 0, and changes nothing, when `record` is null or
+  // describes none. The natural key is doctor, station and name of the setting, all given.
   BOOL SelectRow(const tagTCONFIG* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/config.cpp.

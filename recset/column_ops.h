@@ -15,30 +15,30 @@ namespace column {
 inline constexpr int kTextMaximum = 255;
 inline constexpr int kLongTextMaximum = 1000000;
 
-template <class Set>
-void ExchangeOne(Set& set, const Column<Set>& column, CFieldExchange* exchange) {
+template <class Object, class Row>
+void ExchangeOne(Object& object, const Row& column, CFieldExchange* exchange) {
   switch (column.kind) {
     case Kind::kKey:
     case Kind::kNumber:
-      return RFX_Long(exchange, column.name, set.*column.number);
+      return RFX_Long(exchange, column.name, object.*column.number);
     case Kind::kOrdinal:
-      return RFX_Int(exchange, column.name, set.*column.number);
+      return RFX_Int(exchange, column.name, object.*column.number);
     case Kind::kFlag:
-      return RFX_Bool(exchange, column.name, set.*column.number);
+      return RFX_Bool(exchange, column.name, object.*column.number);
     case Kind::kDate:
-      return RFX_Date(exchange, column.name, set.*column.date);
+      return RFX_Date(exchange, column.name, object.*column.date);
     case Kind::kText:
-      return RFX_Text(exchange, column.name, set.*column.text, kTextMaximum);
+      return RFX_Text(exchange, column.name, object.*column.text, kTextMaximum);
     case Kind::kLongText:
-      return RFX_Text(exchange, column.name, set.*column.text, kLongTextMaximum);
+      return RFX_Text(exchange, column.name, object.*column.text, kLongTextMaximum);
   }
 }
 
-// Binds every column, in the order of the list.
-template <class Set, std::size_t N>
-void Exchange(Set& set, const Column<Set> (&columns)[N], CFieldExchange* exchange) {
+// Binds every column to its member of `object`, in the order of the list.
+template <class Object, class Row, std::size_t N>
+void Exchange(Object& object, const Row (&columns)[N], CFieldExchange* exchange) {
   exchange->SetFieldType(CFieldExchange::outputColumn);
-  for (const Column<Set>& column : columns) ExchangeOne(set, column, exchange);
+  for (const Row& column : columns) ExchangeOne(object, column, exchange);
 }
 
 template <class Set>

@@ -81,12 +81,15 @@ WORD CKyRecSet::GetNum(LONG* count) {
 
 WORD CKyRecSet::GetLastID(LONG* id) {
   if (id == nullptr) return kBadArgument;
+  CString sort = m_strSort;
+  LONG error = 0;
   // Without a sort order the last row would be an arbitrary one.
-  return ReadWholeTable(m_strSort.IsEmpty() ? GetFieldName(kOwnKey, nullptr) : m_strSort,
-                        &CKyRecSet::ReadLastID, id);
+  if (sort.IsEmpty()) sort = GetFieldName(kOwnKey, &error);
+  return ReadWholeTable(sort, &CKyRecSet::ReadLastID, id);
 }
 
-// Lets `read` see the whole table in the order of `sort`, then goes back to the rows and the position of before.
+// Lets `read` see the whole table in the order of `sort`, then goes back to the rows and the position of
+// before.
 WORD CKyRecSet::ReadWholeTable(const CString& sort, void (CKyRecSet::*read)(LONG*), LONG* result) {
   const LONG position = GetIndexPos();
   int opened = 0;
@@ -120,8 +123,8 @@ void CKyRecSet::ReadLastID(LONG* id) {
   *id = m_lID;
 }
 
-// A position that was not known is -1, which leads two rows back from the first, that is before it. Callers rely on a set
-// that was after its end not standing on a row now.
+// A position that was not known is -1, which leads two rows back from the first, that is before it. Callers
+// rely on a set that was after its end not standing on a row now.
 void CKyRecSet::RequeryAt(LONG position) {
   Requery();
   if (position != 0 && !(m_bEOF && m_bBOF)) Move(position - 1, SQL_FETCH_RELATIVE);

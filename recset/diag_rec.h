@@ -22,8 +22,8 @@ class CDiagRec : public CKyRecSet {
   void CopyOut(tagTDIAGNOSIS* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members.
   void CopyIn(const tagTDIAGNOSIS* record);
-  // Makes m_strFilter select the diagnosis with the record's key. Returns 0, and changes nothing, when the key is
-  // 0 or `record` null: diagnoses have no natural key.
+  // Makes m_strFilter select the diagnosis with the record's key. Returns 0, and changes nothing, when the
+  // key is 0 or `record` null: diagnoses have no natural key.
   BOOL SelectRow(const tagTDIAGNOSIS* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/diagnosis.cpp.

@@ -22,10 +22,9 @@ class CDrRec : public CKyRecSet {
   void CopyOut(tagTDOCTOR* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members.
   void CopyIn(const tagTDOCTOR* record);
-  // Makes m_strFilter select the doctor that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // the server identifier, or without one the name.
+  // Makes m_strFilter select the doctor that `record` describes: by its key, or for key 0 by its natural
+  // key, whose mask bits are then cleared. Returns 0, and changes nothing, when `record` is null or
+  // describes none. The natural key is the server identifier, or without one the name.
   BOOL SelectRow(const tagTDOCTOR* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/doctor.cpp.

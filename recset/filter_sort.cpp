@@ -177,7 +177,7 @@ WORD CKyRecSet::SetSortIndex(LONG sort_index) {
   m_strSort.Empty();
   for (int slot = 0; slot < packed::kSlots; ++slot) {
     const LONG field = packed::Entry(sort_index, slot);
-    // The comma stays when the field is not known: callers rely on such an order being refused by the database.
+    // The comma stays when the field is not known: callers rely on the database refusing such an order.
     if (!m_strSort.IsEmpty() && field != 0) m_strSort += ",";
     LONG error = 0;
     m_strSort += GetFieldName(field, &error);

@@ -22,10 +22,9 @@ class CGrpRec : public CKyRecSet {
   void CopyOut(tagTGROUP* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members.
   void CopyIn(const tagTGROUP* record);
-  // Makes m_strFilter select the group that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // patient, date and the location "9".
+  // Makes m_strFilter select the group that `record` describes: by its key, or for key 0 by its natural
+  // key, whose mask bits are then cleared. Returns 0, and changes nothing, when `record` is null or
+  // describes none. The natural key is patient, date and the location "9".
   BOOL SelectRow(const tagTGROUP* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/group.cpp.

@@ -24,10 +24,9 @@ class CImgRec : public CKyRecSet {
   void CopyOut(tagTIMAGE* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members.
   void CopyIn(const tagTIMAGE* record);
-  // Makes m_strFilter select the image that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // patient, date and the location "9".
+  // Makes m_strFilter select the image that `record` describes: by its key, or for key 0 by its natural
+  // key, whose mask bits are then cleared. Returns 0, and changes nothing, when `record` is null or
+  // describes none. The natural key is patient, date and the location "9".
   BOOL SelectRow(const tagTIMAGE* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/image.cpp.

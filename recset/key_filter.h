@@ -15,8 +15,8 @@ inline bool HasDate(const TIMESTAMP_STRUCT& time) {
   return time.year != 0 && time.month != 0 && time.day != 0;
 }
 
-// Opens `counter` with its filter, writes the number of its rows, and closes it again. Returns 0; 3 when it did
-// not open; else what GetMaxPos answers.
+// Opens `counter` with its filter, writes the number of its rows, and closes it again. Returns 0; 3 when it
+// did not open; else what GetMaxPos answers.
 inline WORD CountRows(CKyRecSet& counter, LONG* count) {
   if (!counter.Open(counter.m_nOpenType, nullptr, CRecordset::none)) return kNotOpened;
   const WORD code = counter.GetMaxPos(count);

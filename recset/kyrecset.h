@@ -10,8 +10,8 @@
 //   3. Override GetFieldName(LONG, LONG*) for the field ids that may be filtered and sorted on, and
 //      GetIntFieldID when GetFieldSize, GetFieldName(LONG) and AddSortCriteria are to work.
 //
-// Unless said otherwise, operations pass a CDBException of the framework on to the caller. A set belongs to one
-// caller at a time.
+// Unless said otherwise, operations pass a CDBException of the framework on to the caller. A set belongs to
+// one caller at a time.
 #ifndef KYODBC_RECSET_KYRECSET_H
 #define KYODBC_RECSET_KYRECSET_H
 

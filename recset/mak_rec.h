@@ -22,10 +22,9 @@ class CMakRec : public CKyRecSet {
   void CopyOut(tagTMAKRO* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members. The time is stamped, never copied.
   void CopyIn(const tagTMAKRO* record);
-  // Makes m_strFilter select the makro that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // image and ordinal, both given.
+  // Makes m_strFilter select the makro that `record` describes: by its key, or for key 0 by its natural
+  // key (image and ordinal, both given), whose mask bits are then cleared. Returns 0, and changes nothing,
+  // when `record` is null or describes none.
   BOOL SelectRow(const tagTMAKRO* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/makro.cpp.

@@ -47,10 +47,12 @@ constexpr DWORD kSrvID = 0x4;
 constexpr DWORD kSlidaID = 0x8;
 constexpr DWORD kIDDisp = 0x800;
 // What a patient found by name and date of birth keeps of the low eight bits: doctor, external and social
-// identifier. The server and Slida identifiers, empty in such a record, are not written over.
+// identifier. Neither the name and date nor the server and Slida identifiers, empty in such a record, are
+// written.
 constexpr DWORD kKeptByName = 0xFFFFFF00 | 0x1 | 0x2 | 0x10;
 
-// The sort keys that can be searched by a text; an odd test by bits that callers rely on.
+// A leading sort key with one of these bits can be searched by a text. It looks like a mask for the wrong
+// thing: id 8 is refused and id 4 is not; callers rely on it.
 constexpr LONG kSearchableBits = 0x37;
 
 }  // namespace

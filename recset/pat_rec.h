@@ -27,10 +27,10 @@ class CPatRec : public CKyRecSet {
   // The fields of `record` selected by m_dwFieldMask into the members. With one of the identifiers that the
   // display identifier derives from, its bit is set as well.
   void CopyIn(const tagTPATIENT* record);
-  // Makes m_strFilter select the patient that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // the Slida identifier, else the server identifier, else surname, first name and date of birth.
+  // Makes m_strFilter select the patient that `record` describes: by its key, or for key 0 by its natural
+  // key, whose mask bits are then cleared. Returns 0, and changes nothing, when `record` is null or
+  // describes none. The natural key is the Slida identifier, else the server identifier, else surname,
+  // first name and date of birth.
   BOOL SelectRow(const tagTPATIENT* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/patient.cpp.
@@ -38,8 +38,8 @@ class CPatRec : public CKyRecSet {
   WORD EditRow(tagTPATIENT* record, DWORD mask);
   WORD DeleteRow(const tagTPATIENT* record);
   WORD GetRow(tagTPATIENT* record);
-  // Recomputes the fields selected by m_dwFieldMask that derive from others: entry date, last display, display
-  // identifier. Between CopyIn and Update.
+  // Recomputes the fields selected by m_dwFieldMask that derive from others: entry date, last display and
+  // display identifier. Between CopyIn and Update.
   void RefreshDerived();
 
   // Bound members, in the order of the columns; the key is m_lID.

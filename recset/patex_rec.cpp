@@ -132,11 +132,13 @@ LONG CPatExRec::SeekKey(LONG id) {
   LONG before = 0;
   if (CountWhere(seek.before, &before) != kOk) return 0;
   const LONG first = before + 1;
-  if (MoveToPos(first) == 0) return 0;
-  return m_lID == id ? first : StepToKey(id, first, seek.equal);
+  if (MoveToPos(first) != 0 && m_lID == id) return first;
+  return StepToKey(id, first, seek.equal);
 }
 
-// The database, not the texts as read, decides what is equal: it may ignore case or trailing blanks.
+// The database, not the texts as read, decides what is equal: it may ignore case or trailing blanks. Where it
+// puts NULLs differs too, so that rows may have been counted that come after the patient: whether the view
+// holds the patient at all, only reading tells then.
 LONG CPatExRec::StepToKey(LONG id, LONG first, const CString& equal) {
   LONG rows = 0;
   if (CountWhere(equal, &rows) == kOk) {
@@ -144,7 +146,8 @@ LONG CPatExRec::StepToKey(LONG id, LONG first, const CString& equal) {
       if (m_lID == id) return position;
     }
   }
-  return MoveToPos(first);
+  const LONG found = CPatRec::MoveToIntID(id);
+  return m_lID == id ? found : MoveToPos(first);
 }
 
 // Compares key by key, as the sort order does: (a<x OR a IS NULL) OR (a=x AND (b>y OR b IS NULL)). It ends at
@@ -167,7 +170,7 @@ CPatExRec::Seek CPatExRec::SeekRow(const CPatExRec& target) {
   return seek;
 }
 
-// The current row's value of a sort key; empty for keys that cannot be sought by and for values that are empty.
+// The current row's value of a sort key; empty for keys that cannot be sought by and for empty values.
 CString CPatExRec::SeekLiteral(LONG field) const {
   for (const SeekValue& value : kSeekValues) {
     if (value.id != field) continue;

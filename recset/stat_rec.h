@@ -22,10 +22,9 @@ class CStatRec : public CKyRecSet {
   void CopyOut(tagTSTATION* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members.
   void CopyIn(const tagTSTATION* record);
-  // Makes m_strFilter select the station that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // the name.
+  // Makes m_strFilter select the station that `record` describes: by its key, or for key 0 by its natural
+  // key (the name), whose mask bits are then cleared. Returns 0, and changes nothing,
+  // when `record` is null or describes none.
   BOOL SelectRow(const tagTSTATION* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/station.cpp.

@@ -22,10 +22,9 @@ class CTestRec : public CKyRecSet {
   void CopyOut(tagTTEST* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members.
   void CopyIn(const tagTTEST* record);
-  // Makes m_strFilter select the test that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // unit, date and the location "9".
+  // Makes m_strFilter select the test that `record` describes: by its key, or for key 0 by its natural
+  // key, whose mask bits are then cleared. Returns 0, and changes nothing, when `record` is null or
+  // describes none. The natural key is unit, date and the location "9".
   BOOL SelectRow(const tagTTEST* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/test.cpp.

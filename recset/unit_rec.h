@@ -22,10 +22,9 @@ class CUnitRec : public CKyRecSet {
   void CopyOut(tagTUNIT* record) const;
   // The fields of `record` selected by m_dwFieldMask into the members.
   void CopyIn(const tagTUNIT* record);
-  // Makes m_strFilter select the unit that `record` describes: by its key, or for key 0 by its natural key,
-  // whose mask bits are then cleared.
-  // Returns 0, and changes nothing, when `record` is null or describes none. Natural key:
-  // the name.
+  // Makes m_strFilter select the unit that `record` describes: by its key, or for key 0 by its natural
+  // key (the name), whose mask bits are then cleared. Returns 0, and changes nothing,
+  // when `record` is null or describes none.
   BOOL SelectRow(const tagTUNIT* record);
 
   // Single rows, through short-lived sets of this class; defined in rowops/unit.cpp.
