@@ -41,6 +41,10 @@ class CDBConnection {
   WORD KeepAlive();
 
   CString Owner() const { return m_Params.szOwner; }
+  // What Connect passes to the database: "DSN=...;UID=...;PWD=..." of the parts given; 8, plus 1 for an
+  // exclusive connection, plus 4 for one with an owner.
+  CString ConnectString() const;
+  DWORD OpenOptions() const;
 
   tagDBCONNECT m_Params{};  // as last given to DB_InitDatabase, every text terminated
   CDatabase* m_pDatabase = nullptr;
@@ -63,8 +67,6 @@ class CDBConnection {
   template <class Function>
   void ForEachSet(Function function);
   bool IsOpen() const { return m_pDatabase != nullptr && m_pDatabase->IsOpen(); }
-  CString ConnectString() const;
-  DWORD OpenOptions() const;
   WORD OpenDatabase();
   WORD CreateSets();
   WORD GiveUp(WORD code);
