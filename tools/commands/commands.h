@@ -1,0 +1,18 @@
+// The commands of the program. Each adds itself to the command line with its options and its help, and leaves
+// in `run` what is to be done when it was chosen; that throws ToolError when it fails.
+#ifndef KYODBC_TOOLS_COMMANDS_COMMANDS_H
+#define KYODBC_TOOLS_COMMANDS_COMMANDS_H
+
+#include <CLI/CLI.hpp>
+#include <functional>
+
+using Action = std::function<void()>;
+
+void AddInit(CLI::App& program, Action& run);
+void AddSample(CLI::App& program, Action& run);
+void AddImport(CLI::App& program, Action& run);
+void AddList(CLI::App& program, Action& run);
+void AddShow(CLI::App& program, Action& run);
+void AddSettings(CLI::App& program, Action& run);  // "set" and "get"
+
+#endif

@@ -1,0 +1,109 @@
+// kyodbc import: rows of CSV files.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tools/commands/commands.h"
+#include "tools/commands/import_rows.h"
+#include "tools/connection.h"
+#include "tools/progress.h"
+#include "tools/text_table.h"
+#include "tools/tool_error.h"
+
+namespace {
+
+struct ImportOptions {
+  std::string folder;
+  std::vector<std::string> files = std::vector<std::string>(ImportKinds().size());  // empty: not asked for
+};
+
+struct Rejected {
+  int line;
+  std::string reason;
+};
+
+struct Report {
+  int added = 0;
+  int updated = 0;
+  int texts_cut = 0;
+  std::vector<Rejected> rejected;
+};
+
+// Stores the next row. False at the end of the file.
+bool ImportRow(CsvTable& table, StoreRow store, Report& report) {
+  try {
+    if (!table.Next()) return false;
+    const Stored stored = store(table);
+    ++(stored.added ? report.added : report.updated);
+    report.texts_cut += stored.texts_cut;
+  } catch (const RowRejected& reason) {
+    report.rejected.push_back({table.Line(), reason.what()});
+  }
+  return true;
+}
+
+Report ImportFile(const ImportKind& kind, const std::string& file) {
+  CsvTable table(file, kind.columns);
+  Report report;
+  Batches batches;
+  Progress progress(kind.what, std::filesystem::file_size(file));
+  while (ImportRow(table, kind.store, report)) {
+    batches.Step();
+    progress.Reach(table.BytesRead());
+  }
+  batches.Finish();
+  return report;
+}
+
+void Print(const ImportKind& kind, const std::string& file, const Report& report) {
+  fmt::print("{}: {} added, {} updated, {} lines rejected", kind.what, report.added, report.updated,
+             report.rejected.size());
+  if (report.texts_cut > 0) fmt::print(", {} texts cut to the width of their fields", report.texts_cut);
+  fmt::print("\n");
+  for (const Rejected& row : report.rejected)
+    fmt::print("  {}:{}: {}\n", file, row.line, Printable(row.reason));
+}
+
+void Import(const ImportOptions& options) {
+  if (std::all_of(options.files.begin(), options.files.end(),
+                  [](const std::string& file) { return file.empty(); })) {
+    throw ToolError(kUsage, "no file to import: give --doctors, --patients or --images");
+  }
+  const Connection connection{PracticeFolder(options.folder)};
+  std::size_t rejected = 0;
+  for (std::size_t i = 0; i < options.files.size(); ++i) {
+    if (options.files[i].empty()) continue;
+    const Report report = ImportFile(ImportKinds()[i], options.files[i]);
+    Print(ImportKinds()[i], options.files[i], report);
+    rejected += report.rejected.size();
+  }
+  if (rejected > 0) throw ToolError(kFailed, fmt::format("{} lines were rejected", rejected));
+}
+
+constexpr const char* kFooter =
+    "The first row of a file names its columns; other columns than those above are left out. Rows are found\n"
+    "again by their Id and brought up to date, so a file can be imported more than once. Times are taken as\n"
+    "they stand.\n";
+
+}  // namespace
+
+void AddImport(CLI::App& program, Action& run) {
+  CLI::App* command = program.add_subcommand("import", "Import doctors, patients and images from CSV files");
+  const auto options = std::make_shared<ImportOptions>();
+  command->add_option("DIR", options->folder, "The folder of the practice")->required();
+  for (std::size_t i = 0; i < ImportKinds().size(); ++i) {
+    const ImportKind& kind = ImportKinds()[i];
+    command
+        ->add_option(kind.option, options->files[i],
+                     fmt::format("With the columns {}", fmt::join(kind.columns, ", ")))
+        ->type_name("FILE");
+  }
+  command->footer(kFooter);
+  command->callback([options, &run] { run = [options] { Import(*options); }; });
+}

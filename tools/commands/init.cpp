@@ -1,0 +1,35 @@
+// kyodbc init: makes an empty practice.
+#include <fmt/format.h>
+
+#include <memory>
+#include <string>
+
+#include "tools/commands/commands.h"
+#include "tools/practice_folder.h"
+
+namespace {
+
+void Init(const std::string& name) {
+  const PracticeFolder folder(name);
+  folder.Create();
+  fmt::print(
+      "Made an empty practice in {0}.\n"
+      "\n"
+      "A program reaches it as the data source \"{1}\" when its environment names the folder:\n"
+      "  export ODBCSYSINI='{0}' ODBCINI='{2}'\n"
+      "and it connects with:\n"
+      "  tagDBCONNECT parameters = {{\"{1}\"}};\n"
+      "  DB_InitDatabase(&parameters);\n"
+      "\n"
+      "'kyodbc sample' fills it with a made-up practice, 'kyodbc import' with rows of CSV files.\n",
+      folder.Folder().string(), kDataSource, folder.Sources().string());
+}
+
+}  // namespace
+
+void AddInit(CLI::App& program, Action& run) {
+  CLI::App* command = program.add_subcommand("init", "Make an empty practice in a folder");
+  const auto folder = std::make_shared<std::string>();
+  command->add_option("DIR", *folder, "The folder; it is made when there is none")->required();
+  command->callback([folder, &run] { run = [folder] { Init(*folder); }; });
+}

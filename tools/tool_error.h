@@ -1,0 +1,33 @@
+// How the program ends, and the failures that make it end so.
+#ifndef KYODBC_TOOLS_TOOL_ERROR_H
+#define KYODBC_TOOLS_TOOL_ERROR_H
+
+#include <KyODBC.h>
+
+#include <stdexcept>
+#include <string>
+
+enum ExitCode {
+  kDone = 0,
+  kFailed = 1,  // not found, refused, or a result code of the library; the message says which
+  kUsage = 2,   // the command line makes no sense
+};
+
+// Ends the program with a message.
+class ToolError : public std::runtime_error {
+ public:
+  ToolError(ExitCode exit_code, const std::string& message)
+      : std::runtime_error(message), m_exit_code(exit_code) {}
+  ExitCode Code() const { return m_exit_code; }
+
+ private:
+  ExitCode m_exit_code;
+};
+
+// What a result code means, in a few words.
+std::string MeaningOf(WORD code);
+
+// Throws a ToolError that names what was being done and what `code` means, unless it is 0.
+void Check(WORD code, const std::string& doing);
+
+#endif
