@@ -9,11 +9,15 @@ install(TARGETS KyODBC EXPORT KyODBCTargets
 
 # Public headers keep their rooms: they include each other by paths relative to themselves.
 file(GLOB platform_headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} platform/c*.h)
-set(table_headers config diagnosis doctor group image makro patient station test unit records)
+set(table_headers config diagnosis doctor group image makro patient station test unit)
+foreach(table ${table_headers})
+  list(APPEND table_headers ${table}_raw_rec)
+endforeach()
+list(APPEND table_headers records)
 list(TRANSFORM table_headers PREPEND tables/)
 list(TRANSFORM table_headers APPEND .h)
 set(KYODBC_PUBLIC_HEADERS
-    frame/KyODBC.h frame/field_words.h recset/kyrecset.h recset/dbtimestamp.h
+    frame/KyODBC.h frame/field_words.h frame/dynamic_rec.h recset/kyrecset.h recset/dbtimestamp.h
     platform/types.h platform/result_codes.h ${platform_headers} ${table_headers})
 foreach(header ${KYODBC_PUBLIC_HEADERS})
   cmake_path(GET header PARENT_PATH room)

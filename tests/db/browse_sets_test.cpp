@@ -1,5 +1,5 @@
-// What the browse sets do beyond their lists: texts that do not fit, wild ordinals and flags, stamps, deleting
-// images by position.
+// What the browse sets do beyond their lists: texts that do not fit, wild ordinals and flags, stamps,
+// deleting images by position.
 #include <cstring>
 #include <string>
 

@@ -115,6 +115,18 @@ TEST_P(Counting, ASetAfterItsEndCountsItsRowsAndDoesNotStandOnOne) {
   EXPECT_EQ(set.GetIndexPos(), -1);
 }
 
+TEST_P(Counting, APositionThatIsGoneGivesFiveWhereTheCursorCounts) {
+  Fill(3);
+  ShelfSet set;
+  ASSERT_TRUE(set.OpenNow());
+  set.m_lCurrentRecord = 8;
+  LONG count = 0;
+  EXPECT_EQ(set.GetMaxPos(&count), GetParam() ? 5 : 0);
+  EXPECT_EQ(count, 3);
+  EXPECT_EQ(set.GetIndexPos(), GetParam() ? -1 : 9);
+  EXPECT_EQ(set.IsEOF() != 0, GetParam());
+}
+
 TEST_P(Counting, GetNumCountsTheWholeTableAndKeepsFilterAndPosition) {
   Fill(7);
   ShelfSet set;

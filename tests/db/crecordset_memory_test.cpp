@@ -17,8 +17,9 @@ LONG WalkAll(ToySet& set) {
 TEST_F(RecordSetMemory, WalkingAnOpenSetAllocatesNothingOnceItsBuffersExist) {
   constexpr int kRows = 1000;
   AddToys(kRows);
-  m_raw.Exec("UPDATE Toy SET tToyName='a name that is too long to be kept without memory of its own, ' || "
-             "tToyName, tToyDay='2001-05-06', tToyTime='2001-05-06 10:00:00'");
+  m_raw.Exec(
+      "UPDATE Toy SET tToyName='a name that is too long to be kept without memory of its own', "
+      "tToyDay='2001-05-06', tToyTime='2001-05-06 10:00:00'");
   ToySet set(&m_database);
   set.m_strSort = "tToyId DESC";
   set.Open();

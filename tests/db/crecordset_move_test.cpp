@@ -218,6 +218,18 @@ TEST_F(RecordSetMoving, TheCountIsFinalOnceAForwardMoveRanPastTheEnd) {
   EXPECT_EQ(m_set.GetRecordCount(), 5);
 }
 
+TEST_F(RecordSetMoving, TheEndReachedFromTheLastRowTellsTheCountAJumpPastItDoesNot) {
+  CRecordsetStatus status;
+  m_set.SetAbsolutePosition(100);
+  m_set.GetStatus(status);
+  EXPECT_FALSE(status.m_bRecordCountFinal);
+  m_set.MoveLast();
+  m_set.MoveNext();
+  m_set.GetStatus(status);
+  EXPECT_TRUE(status.m_bRecordCountFinal);
+  EXPECT_EQ(m_set.GetRecordCount(), 5);
+}
+
 TEST_F(RecordSetMoving, AMoveDropsAnAdditionAndAnEdit) {
   m_set.Edit();
   m_set.m_count = 4711;

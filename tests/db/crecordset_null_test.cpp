@@ -153,6 +153,16 @@ TEST_F(FieldState, AnUnassignedFieldDeclaredChangedIsAddedAsNull) {
   EXPECT_EQ(Stored("tToyDay", 5), std::nullopt);
 }
 
+TEST_F(FieldState, ANullFieldDeclaredChangedStaysNull) {
+  m_raw.Exec("UPDATE Toy SET tToyCount=NULL WHERE tToyId=1");
+  m_set.Requery();
+  m_set.Edit();
+  m_set.SetFieldDirty(&m_set.m_count);
+  EXPECT_TRUE(m_set.Update());
+  EXPECT_EQ(Stored("tToyCount"), std::nullopt);
+  EXPECT_TRUE(m_set.IsFieldNull(&m_set.m_count));
+}
+
 TEST_F(FieldState, OutsideAddingAndEditingTheSettersThrow) {
   EXPECT_EQ(CodeOf([&] { m_set.SetFieldNull(&m_set.m_name); }), AFX_SQL_ERROR_ILLEGAL_MODE);
   EXPECT_EQ(CodeOf([&] { m_set.SetFieldDirty(&m_set.m_name); }), AFX_SQL_ERROR_ILLEGAL_MODE);

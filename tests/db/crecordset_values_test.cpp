@@ -9,8 +9,12 @@ using toys::ToySet;
 class RecordSetValues : public toys::ToyTest {
  protected:
   RecordSetValues() : m_set(&m_database) {
-    m_raw.Exec("CREATE TABLE Kinds (kSmall SMALLINT, kNumber INTEGER, kReal REAL, kDouble DOUBLE PRECISION, kDay DATE, "
-               "kTime TIMESTAMP, kText VARCHAR(40), kNull INTEGER, kLong VARCHAR(1000000), kSum NUMERIC(10,2))");
+    const support::ColumnTypes types = support::CurrentKind().Types();
+    m_raw.Exec(
+        "CREATE TABLE Kinds (kSmall SMALLINT, kNumber INTEGER, kReal REAL, kDouble DOUBLE PRECISION, kDay DATE, "
+        "kTime " +
+        types.timestamp + ", kText VARCHAR(40), kNull INTEGER, kLong " + types.long_text +
+        ", kSum NUMERIC(10,2))");
     m_raw.Exec("INSERT INTO Kinds VALUES (7,70000,1.5,2.25,'2001-05-06','2001-05-06 10:11:12','O''Neil',NULL,'" +
                std::string(20000, 'l') + "',12.5)");
     m_raw.Exec("INSERT INTO Kinds (kSmall, kText) VALUES (8,'second')");
@@ -178,7 +182,7 @@ TEST_F(RecordSetValues, ColumnsTellNameTypeAndWidth) {
   EXPECT_EQ(ToySet::GetTextLen(info.m_nSQLType, info.m_nPrecision), 41);
   m_set.GetODBCFieldInfo("KNUMBER", info);
   EXPECT_EQ(info.m_nSQLType, SQL_INTEGER);
-  static_assert(sizeof info.m_nSQLType == 2 && sizeof info.m_nPrecision == 8 && sizeof info.m_nScale == 2 &&
+  static_assert(sizeof info.m_nSQLType == 2 && sizeof info.m_nPrecision == 4 && sizeof info.m_nScale == 2 &&
                 sizeof info.m_nNullability == 2);
 }
 

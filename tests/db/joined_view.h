@@ -29,7 +29,7 @@ class JoinedView : public support::ConnectedTest, public testing::WithParamInter
   }
   // The view, sorted and open.
   static void OpenSorted(CPatExRec& view, LONG sort_index) {
-    if (sort_index != 0) ASSERT_EQ(view.SetSortIndex(sort_index), 0);
+    ASSERT_EQ(view.SetSortIndex(sort_index), 0);
     ASSERT_NE(view.Open(view.m_nOpenType, nullptr, 0), 0);
   }
 };

@@ -1,5 +1,5 @@
-// The filter that selects the row a record describes, to the blank, and the mask bits it takes away. On closed
-// sets: no database is asked.
+// The filter that selects the row a record describes, to the blank, and the mask bits it takes away. On
+// closed sets: no database is asked.
 #include <gtest/gtest.h>
 
 #include <cstring>

@@ -157,7 +157,7 @@ TEST_P(PatExSeek, ATextOfTheLeadingSortKeyIsFoundInTheViewAsInThePatients) {
   EXPECT_EQ(view.MoveToSortValue("Zz"), 0);
   EXPECT_EQ(view.GetIndexPos(), 1);
   ASSERT_EQ(view.SetSortIndex(20), 0);
-  EXPECT_EQ(view.MoveToSortValue("Dr. Th"), 4) << view.m_strDrName.GetString();
+  EXPECT_EQ(view.MoveToSortValue("Dr. Th"), 5) << view.m_strDrName.GetString();
   EXPECT_EQ(view.m_strDrName, "Dr. Thirty");
 }
 

@@ -120,13 +120,10 @@ class RecordCopies : public support::ConnectedTest {
   }
 
   std::vector<std::string> StoredRow() {
+    const std::vector<Row> rows = Raw().Query("SELECT " + Columns() + " FROM " + Layout::kTable + " WHERE " +
+                                              KeyColumn() + "=" + kKeyText);
     std::vector<std::string> texts;
-    for (const support::Value& value : Raw()
-                                           .Query("SELECT " + Columns() + " FROM " + Layout::kTable +
-                                                  " WHERE " + KeyColumn() + "=" + kKeyText)
-                                           .at(0)) {
-      texts.push_back(value.value_or("NULL"));
-    }
+    for (const support::Value& value : rows.at(0)) texts.push_back(value.value_or("NULL"));
     return texts;
   }
 };

@@ -17,7 +17,6 @@ namespace {
 
 using support::SetText;
 using support::Text;
-using support::TimeText;
 using support::Ts;
 using support::Val;
 
@@ -38,7 +37,8 @@ class RowOperations : public support::ConnectedTest {
 // --- the browse set and the short-lived one ---
 
 TEST_F(RowOperations, AWorkerLeavesFilterSortMaskAndPositionOfTheBrowseSet) {
-  for (const char* name : {"a", "b", "c"}) Raw().Exec(std::string("INSERT INTO TStation (tStatSName) VALUES ('") + name + "')");
+  for (const char* name : {"a", "b", "c"})
+    Raw().Exec(std::string("INSERT INTO TStation (tStatSName) VALUES ('") + name + "')");
   CStatRec browse(nullptr, nullptr);
   LONG first = 1;
   ASSERT_EQ(browse.SetFilter(1, 3, &first, nullptr, nullptr, nullptr), 0);
@@ -367,7 +367,8 @@ TEST_F(RowOperations, ALongResultOfATestSurvives) {
 }
 
 TEST_F(RowOperations, ARowAtAnotherLocationIsNotFoundByItsNaturalKey) {
-  Raw().Exec("INSERT INTO TGroup (tGrpCulIntPatIDFk, tGrpTs, tGrpSLoc) VALUES (7, '2001-05-06 00:00:00', '1')");
+  Raw().Exec(
+      "INSERT INTO TGroup (tGrpCulIntPatIDFk, tGrpTs, tGrpSLoc) VALUES (7, '2001-05-06 00:00:00', '1')");
   tagTGROUP group{};
   group.lPatID = 7;
   group.ts = Ts(2001, 5, 6);
@@ -398,7 +399,7 @@ TEST_F(RowOperations, AnAddedMakroIsStampedWithTheClock) {
   const TIMESTAMP_STRUCT before = support::Now();
   ASSERT_EQ(makros.AddRow(&makro), 0);
   EXPECT_GE(support::SecondsBetween(before, makro.tsLast), 0);
-  EXPECT_LE(support::SecondsBetween(makro.tsLast, support::Now()), 0.0 + 60);
+  EXPECT_LE(support::SecondsBetween(makro.tsLast, support::Now()), 60);
   EXPECT_EQ(Val(makro.tsLast.fraction), 0u);
   EXPECT_EQ(Val(makro.wNo), 65535);
 }
@@ -418,83 +419,6 @@ TEST_F(RowOperations, AnEditStampsAMakroOnlyWithItsBit) {
   EXPECT_EQ(makros.EditRow(&makro, 0x4), 0);
   ASSERT_EQ(makros.GetRow(&makro), 0);
   EXPECT_LE(support::SecondsBetween(makro.tsLast, support::Now()), 60);
-}
-
-// --- counts and newest rows ---
-
-class CountsAndDates : public RowOperations {
- protected:
-  void SetUp() override {
-    RowOperations::SetUp();
-    for (int i = 1; i <= 3; ++i) {
-      const std::string n = std::to_string(i);
-      Raw().Exec("INSERT INTO TGroup (tGrpCulIntPatIDFk) VALUES (" + std::to_string(i % 2) + "+1)");
-      Raw().Exec("INSERT INTO TTest (tTstCulIntUnitIDFk, tTstTs) VALUES (" + std::to_string(i % 2) +
-                 "+1, '2001-05-0" + n + " 10:00:00')");
-      Raw().Exec("INSERT INTO TMakro (tMakCulIntImgIDFk, tMakTsLast) VALUES (" + std::to_string(i % 2) +
-                 "+1, '2001-05-0" + n + " 10:00:00')");
-    }
-  }
-};
-
-TEST_F(CountsAndDates, CountTheRowsOfOneOwnerOrOfAll) {
-  const struct {
-    LONG owner;
-    LONG rows;
-  } cases[] = {{1, 1}, {2, 2}, {3, 0}, {0, 3}};
-  for (const auto& row : cases) {
-    LONG groups = -1;
-    LONG makros = -1;
-    LONG tests = -1;
-    EXPECT_EQ(CGrpRec(nullptr, nullptr).CountRows(row.owner, &groups), 0);
-    EXPECT_EQ(CMakRec(nullptr, nullptr).CountRows(row.owner, &makros), 0);
-    EXPECT_EQ(CTestRec(nullptr, nullptr).CountRows(row.owner, &tests), 0);
-    EXPECT_EQ(groups, row.rows) << row.owner;
-    EXPECT_EQ(makros, row.rows) << row.owner;
-    EXPECT_EQ(tests, row.rows) << row.owner;
-  }
-}
-
-TEST_F(CountsAndDates, FindTheNewestRowOfOneOwnerOrOfAll) {
-  LONG key = 0;
-  TIMESTAMP_STRUCT time{};
-  EXPECT_EQ(CMakRec(nullptr, nullptr).GetNewest(1, &key, &time), 0);
-  EXPECT_EQ(key, 2);
-  EXPECT_EQ(TimeText(time), TimeText(Ts(2001, 5, 2, 10, 0, 0)));
-  EXPECT_EQ(CMakRec(nullptr, nullptr).GetNewest(0, &key, &time), 0);
-  EXPECT_EQ(key, 3);
-  EXPECT_EQ(CTestRec(nullptr, nullptr).GetNewest(1, &key, &time), 0);
-  EXPECT_EQ(key, 2);
-  EXPECT_EQ(CTestRec(nullptr, nullptr).GetNewest(0, &key, &time), 0);
-  EXPECT_EQ(key, 3);
-  EXPECT_EQ(TimeText(time), TimeText(Ts(2001, 5, 3, 10, 0, 0)));
-}
-
-TEST_F(CountsAndDates, EitherOutputOfTheNewestRowMayBeNull) {
-  LONG key = 0;
-  TIMESTAMP_STRUCT time{};
-  EXPECT_EQ(CMakRec(nullptr, nullptr).GetNewest(0, nullptr, &time), 0);
-  EXPECT_EQ(time.day, 3);
-  EXPECT_EQ(CMakRec(nullptr, nullptr).GetNewest(0, &key, nullptr), 0);
-  EXPECT_EQ(key, 3);
-  EXPECT_EQ(CMakRec(nullptr, nullptr).GetNewest(0, nullptr, nullptr), 0);
-}
-
-TEST_F(CountsAndDates, WithoutARowTheNewestHasTheTablesCodeAndTheOutputsStay) {
-  LONG key = 77;
-  TIMESTAMP_STRUCT time = Ts(1999, 1, 1);
-  EXPECT_EQ(CMakRec(nullptr, nullptr).GetNewest(9, &key, &time), 64);
-  EXPECT_EQ(CTestRec(nullptr, nullptr).GetNewest(9, &key, &time), 67);
-  EXPECT_EQ(key, 77);
-  EXPECT_EQ(time.year, 1999);
-}
-
-TEST_F(CountsAndDates, AMissingTableGives3AndTheOutputsStay) {
-  Raw().Exec("ALTER TABLE TMakro RENAME TO TKept");
-  LONG key = 77;
-  EXPECT_EQ(CMakRec(nullptr, nullptr).CountRows(0, &key), 3);
-  EXPECT_EQ(CMakRec(nullptr, nullptr).GetNewest(0, &key, nullptr), 3);
-  EXPECT_EQ(key, 77);
 }
 
 // --- reading a new row back ---

@@ -1,15 +1,21 @@
 #include "tests/db/toy_set.h"
 
+#include <cctype>
+
 namespace toys {
-namespace {
 
-// A name that an insert leaves out becomes "untold", and an id the next free number.
-constexpr const char* kTable =
-    "CREATE TABLE Toy (tToyId INTEGER PRIMARY KEY, tToyName VARCHAR(255) DEFAULT 'untold', tToyCount "
-    "INTEGER, "
-    "tToySmall SMALLINT, tToyFlag SMALLINT, tToyDay DATE, tToyTime TIMESTAMP, tToyText VARCHAR(1000000))";
+// A name that an insert leaves out becomes "untold". The column takes longer names than the set binds.
+std::string TableOfToys(const std::string& name, const std::string& key) {
+  const support::ColumnTypes types = support::CurrentKind().Types();
+  return "CREATE TABLE " + name + " (tToyId " + key + ", tToyName " + types.long_text +
+         " DEFAULT 'untold', tToyCount INTEGER, tToySmall INTEGER, tToyFlag SMALLINT, tToyDay DATE, tToyTime " +
+         types.timestamp + ", tToyText " + types.long_text + ")";
+}
 
-}  // namespace
+std::string LowerCase(std::string text) {
+  for (char& letter : text) letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+  return text;
+}
 
 ToySet::ToySet(CDatabase* database, Key key) : CRecordset(database) {
   m_nFields = 7;
@@ -46,8 +52,15 @@ void ExpectOnRow(const ToySet& set, LONG row, LONG id) {
 }
 
 ToyTest::ToyTest() : m_raw(m_practice) {
-  m_raw.Exec(kTable);
+  m_raw.Exec(TableOfToys("Toy", support::CurrentKind().Types().key));
   m_database.OpenEx(Connect());
+}
+
+CString ToyTest::Connect() const {
+  std::string text = "DSN=" + m_practice.Dsn();
+  const std::string user = support::CurrentKind().User();
+  if (!user.empty()) text += ";UID=" + user + ";PWD=" + support::CurrentKind().Password();
+  return text.c_str();
 }
 
 void ToyTest::AddToys(int count) {

@@ -38,6 +38,12 @@ RETCODE CodeOf(Action action) {
   return Catch(action).code;
 }
 
+// The statement that makes a table which a ToySet can read; `key` declares its key column.
+std::string TableOfToys(const std::string& name, const std::string& key);
+
+// For names in messages: databases tell them in the letter case they like.
+std::string LowerCase(std::string text);
+
 class ToySet : public CRecordset {
  public:
   enum Key { kRowKey, kNoKey };
@@ -83,7 +89,7 @@ class ToyTest : public testing::Test {
   ToyTest();
 
   void AddToys(int count);  // ids from 1, named "toy1" and so on, counts 10, 20 and so on, the rest NULL
-  CString Connect() const { return ("DSN=" + m_practice.Dsn()).c_str(); }
+  CString Connect() const;  // the connection string
   // One column of the row with this id, as the tests' own connection sees it.
   support::Value Stored(const std::string& column, int id = 1);
   std::string StoredText(const std::string& column, int id = 1) {

@@ -11,10 +11,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path MakeFolder() {
+fs::path NewFolder() {
   std::string pattern = fs::temp_directory_path() / "kyodbc-test-XXXXXX";
   if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make " + pattern);
   return pattern;
+}
+
+// Always the same folder: the driver manager asks for its name once in the life of a process.
+fs::path MakeFolder() {
+  static const fs::path folder = NewFolder();
+  fs::create_directory(folder);
+  return folder;
 }
 
 void WriteSections(const fs::path& path, const std::map<std::string, Options>& sections) {
@@ -31,7 +38,12 @@ void WriteSections(const fs::path& path, const std::map<std::string, Options>& s
 }  // namespace
 
 std::shared_ptr<OdbcHome> OdbcHome::Hold() {
-  static const std::shared_ptr<OdbcHome> home(new OdbcHome);
+  static std::weak_ptr<OdbcHome> in_use;
+  std::shared_ptr<OdbcHome> home = in_use.lock();
+  if (!home) {
+    home.reset(new OdbcHome);
+    in_use = home;
+  }
   return home;
 }
 

@@ -11,11 +11,11 @@
 
 namespace support {
 
-// There is one per process, and it goes with the process: the driver manager looks at the folder's name once
-// only. It remembers sections of ini files for a while, so names of sources are never used twice.
+// Lives as long as something holds it; then the folder vanishes, and the next one has the same name. The driver
+// manager remembers sections of ini files for a while, so names of sources are never used twice.
 class OdbcHome {
  public:
-  // Made at the first call, which points the environment (ODBCSYSINI, ODBCINI) at it.
+  // The one in use, or a new one. Points the environment (ODBCSYSINI, ODBCINI) at it.
   static std::shared_ptr<OdbcHome> Hold();
   ~OdbcHome();
   OdbcHome(const OdbcHome&) = delete;

@@ -77,6 +77,7 @@ class SqliteKind : public DatabaseKind {
   }
   void Destroy(const fs::path&) const override {}
 
+  ColumnTypes Types() const override { return {"INTEGER PRIMARY KEY", "VARCHAR(1000000)", "TIMESTAMP"}; }
   Options SourceOptions(const fs::path& folder) const override {
     return {
         {"Database",    folder / kFileName},
@@ -91,6 +92,10 @@ class SqliteKind : public DatabaseKind {
   std::string User() const override { return {}; }
   std::string Password() const override { return {}; }
   std::string Owner(const fs::path&) const override { return "main."; }
+  std::vector<std::string> ProcedureStatements(const std::string& name,
+                                               const std::string& select) const override {
+    return {"CREATE VIEW " + name + " AS " + select};
+  }
 };
 
 }  // namespace

@@ -15,8 +15,9 @@ TEST(VersionText, WholeNumbersAreTakenAsTheyAre) {
 }
 
 TEST(VersionText, AnyCharacterThatIsNoLetterOrDigitSeparatesTheFraction) {
-  for (const char* text : {"4.2", "4,2", "4-2", "4/2", "4 2", "4\xC2"
-                                                              "2"}) {
+  for (const char* text : {"4.2", "4,2", "4-2", "4/2", "4 2",
+                           "4\xC2"
+                           "2"}) {
     EXPECT_DOUBLE_EQ(VersionFromText(text), 4.2) << text;
   }
 }
