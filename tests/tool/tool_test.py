@@ -41,6 +41,13 @@ class Init(ToolCase):
         for part in (f"ODBCSYSINI='{practice}'", f"ODBCINI='{practice}/odbc.ini'", "DB_InitDatabase"):
             self.assertIn(part, output)
 
+    def test_the_printed_environment_suits_a_shell_whatever_the_name_of_the_folder(self):
+        practice = self.folder / "it's $HOME; here"
+        export = next(line for line in self.done("init", practice).splitlines() if "export" in line)
+        printed = subprocess.run(["sh", "-c", f'{export}; echo "$ODBCSYSINI|$ODBCINI"'], capture_output=True,
+                                 encoding="utf-8", check=True).stdout
+        self.assertEqual(printed, f"{practice}|{practice}/odbc.ini\n")
+
     def test_folders_above_are_made_and_relative_names_taken(self):
         result = self.start("init", "one/two three/fünf", cwd=self.folder)
         self.assertEqual(result.returncode, 0, result.stderr)

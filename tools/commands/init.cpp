@@ -9,6 +9,16 @@
 
 namespace {
 
+// The text as a shell takes it for one word.
+std::string Quoted(const std::string& text) {
+  std::string quoted = "'";
+  for (const char c : text) {
+    if (c == '\'') quoted += "'\\'";
+    quoted += c;
+  }
+  return quoted + '\'';
+}
+
 void Init(const std::string& name) {
   const PracticeFolder folder(name);
   folder.Create();
@@ -16,13 +26,14 @@ void Init(const std::string& name) {
       "Made an empty practice in {0}.\n"
       "\n"
       "A program reaches it as the data source \"{1}\" when its environment names the folder:\n"
-      "  export ODBCSYSINI='{0}' ODBCINI='{2}'\n"
+      "  export ODBCSYSINI={2} ODBCINI={3}\n"
       "and it connects with:\n"
       "  tagDBCONNECT parameters = {{\"{1}\"}};\n"
       "  DB_InitDatabase(&parameters);\n"
       "\n"
       "'kyodbc sample' fills it with a made-up practice, 'kyodbc import' with rows of CSV files.\n",
-      folder.Folder().string(), kDataSource, folder.Sources().string());
+      folder.Folder().string(), kDataSource, Quoted(folder.Folder().string()),
+      Quoted(folder.Sources().string()));
 }
 
 }  // namespace
