@@ -4,7 +4,8 @@
 
 #include "../recset/kyrecset.h"
 
-// Runs a procedure of the database by its name and reads the columns of its rows by name or by index, on demand.
+// Runs a procedure of the database by its name and reads the columns of its rows by name or by index, on
+// demand.
 //
 //     CDynamicRec rows;
 //     if (rows.ExecuteSProc("recall_list")) {

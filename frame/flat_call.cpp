@@ -88,7 +88,7 @@ WORD DeleteByPos(CKyRecSet* set, LONG position) {
 
 WORD MaxPos(CKyRecSet* set, LONG* count) {
   return CodeWith(set, count, [&] {
-    Put(count, 0);
+    Put(count, LONG{0});
     LONG rows = 0;
     const WORD code = set->GetMaxPos(&rows);
     Put(count, rows);

@@ -49,8 +49,11 @@ LONG Position(const void* connected, Call call) {
   }
 }
 
-// Callers' numbers may be fields of packed records, so they are written by copy.
-inline void Put(LONG* out, LONG number) { std::memcpy(static_cast<void*>(out), &number, sizeof number); }
+// Callers' variables may be fields of packed records, so they are written by copy.
+template <class Number>
+void Put(Number* out, Number number) {
+  std::memcpy(static_cast<void*>(out), &number, sizeof number);
+}
 
 // --- The browse set alone ---
 

@@ -20,7 +20,7 @@ WORD PutText(char* buffer, LONG size, std::string_view value) {
 }  // namespace
 
 BOOL DB_CheckVersion(WORD version, WORD* library_version) {
-  if (library_version != nullptr) *library_version = KYODBC_INTERFACE_VERSION;
+  if (library_version != nullptr) flat::Put(library_version, WORD{KYODBC_INTERFACE_VERSION});
   return version <= KYODBC_INTERFACE_VERSION ? TRUE : FALSE;
 }
 
@@ -42,7 +42,7 @@ WORD DB_GetInfo(tagDBINFO* info) {
 }
 
 WORD DB_GetDBVersion(double* version) {
-  if (version != nullptr) *version = TheConnection().m_dDBVersion;
+  if (version != nullptr) flat::Put(version, TheConnection().m_dDBVersion);
   return kOk;
 }
 

@@ -6,9 +6,9 @@
 #include "types.h"
 
 struct KYODBC_API CODBCFieldInfo {
-  CString m_strName;         // as the driver reports it; letter case differs between databases
-  SWORD m_nSQLType = 0;      // SQL_VARCHAR, SQL_TYPE_TIMESTAMP, ...
-  DWORD m_nPrecision = 0;    // characters of a text column, digits of a number
+  CString m_strName;       // as the driver reports it; letter case differs between databases
+  SWORD m_nSQLType = 0;    // SQL_VARCHAR, SQL_TYPE_TIMESTAMP, ...
+  DWORD m_nPrecision = 0;  // characters of a text column, digits of a number
   SWORD m_nScale = 0;
   SWORD m_nNullability = SQL_NULLABLE_UNKNOWN;
 };

@@ -32,7 +32,7 @@ struct CRecordsetStatus {
 namespace odbc {
 struct Parameter;
 class Statement;
-}
+}  // namespace odbc
 struct FieldValue;
 class RowFields;  // the bound columns: buffers, flags, saved values
 class RowSource;  // how rows are reached: execute, position, count
@@ -112,8 +112,8 @@ class KYODBC_API CRecordset : public CObject {
   void MovePrev() { Move(-1, SQL_FETCH_PRIOR); }
   void SetAbsolutePosition(LONG row) { Move(row, SQL_FETCH_ABSOLUTE); }
   void GetStatus(CRecordsetStatus& status) const;
-  LONG GetRecordCount() const { return m_lRecordCount; }  // rows seen so far
-  const CString& GetSQL() const { return m_strSQL; }      // the statement in use
+  LONG GetRecordCount() const { return m_lRecordCount; }          // rows seen so far
+  const CString& GetSQL() const { return m_strSQL; }              // the statement in use
   const CString& GetTableName() const { return m_strTableName; }  // empty unless the source is one table
 
   // All 0 on a closed set.

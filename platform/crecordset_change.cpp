@@ -196,7 +196,8 @@ BOOL CRecordset::IsFieldDirty(void* member) {
 
 BOOL CRecordset::IsFieldNull(void* member) {
   for (const Field& field : m_fields->All()) {
-    if ((member == nullptr || field.member == member) && m_fields->IsNull(field, m_mode != noMode)) return TRUE;
+    if ((member == nullptr || field.member == member) && m_fields->IsNull(field, m_mode != noMode))
+      return TRUE;
   }
   return FALSE;
 }

@@ -92,9 +92,9 @@ void Write(Level level, std::string_view message) {
 
 bool IsWordByte(char byte) { return std::isalnum(static_cast<unsigned char>(byte)) != 0 || byte == '_'; }
 
-// The position behind the literal that opens at `start`. A doubled quote belongs to the literal, and so does a
-// quote with a word right behind it: that is a text whose quotes were not doubled. When the quotes do not even
-// come in pairs, nobody knows where a text ends, and the rest counts as one.
+// The position behind the literal that opens at `start`. A doubled quote belongs to the literal, and so does
+// a quote with a word right behind it: that is a text whose quotes were not doubled. When the quotes do not
+// even come in pairs, nobody knows where a text ends, and the rest counts as one.
 std::size_t LiteralEnd(std::string_view sql, std::size_t start) {
   const char quote = sql[start];
   if (std::count(sql.begin(), sql.end(), quote) % 2 != 0) return sql.size();
@@ -134,7 +134,8 @@ std::string MaskKeyValues(const std::string& message) {
   const std::size_t open = message.find("=(");
   if (open == std::string::npos) return message;
   const std::size_t close = message.rfind(')');
-  return message.substr(0, open) + "=(?)" + (close > open + 1 && close != std::string::npos ? message.substr(close + 1) : std::string());
+  return message.substr(0, open) + "=(?)" +
+         (close > open + 1 && close != std::string::npos ? message.substr(close + 1) : std::string());
 }
 
 }  // namespace

@@ -267,8 +267,8 @@ SQLULEN Statement::RowNumber() const {
 
 bool Statement::MayBeView(const CString& name) {
   SQLCHAR view[] = "VIEW";
-  RETCODE code = Call("SQLTables", SQLTables, m_statement, nullptr, 0, nullptr, 0, Text(name), SQL_NTS, view,
-                      SQL_NTS);
+  RETCODE code =
+      Call("SQLTables", SQLTables, m_statement, nullptr, 0, nullptr, 0, Text(name), SQL_NTS, view, SQL_NTS);
   if (Succeeded(code)) code = ExtendedFetch(SQL_FETCH_NEXT, 0);
   return code != SQL_NO_DATA;
 }

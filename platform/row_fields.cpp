@@ -13,7 +13,7 @@ namespace {
 constexpr int kBufferedTextLimit = 4096;
 constexpr std::size_t kBytesPerCharacter = 4;
 constexpr std::size_t kSpareBytes = 4;  // one driver writes no zero byte on an exact fit
-constexpr std::size_t kWideTextStep = 64 * 1024;
+constexpr std::size_t kWideTextStep = 65536;
 constexpr std::size_t kAlignment = 8;
 
 std::size_t RoundUp(std::size_t size) { return (size + kAlignment - 1) / kAlignment * kAlignment; }
@@ -187,4 +187,3 @@ const Field* RowFields::Find(const void* member) const {
                                   [member](const Field& field) { return field.member == member; });
   return found == m_fields.end() ? nullptr : &*found;
 }
-

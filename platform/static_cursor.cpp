@@ -105,8 +105,8 @@ void StaticCursor::ForgetCurrentRow() {
   m_in_gap = true;
 }
 
-// Deleted row number i (from 0) stood where logical row deleted[i] - i is now: those up to `logical` are stepped
-// over.
+// Deleted row number i (from 0) stood where logical row m_deleted[i] - i is now: those up to `logical` are
+// stepped over.
 SQLLEN StaticCursor::PhysicalRow(SQLLEN logical) const {
   std::size_t low = 0;
   std::size_t high = m_deleted.size();

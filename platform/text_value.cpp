@@ -49,10 +49,10 @@ bool TakeNumber(std::string_view& text, std::string_view ends, SQLUSMALLINT* num
 
 // Up to nine digits behind the point, as billionths.
 bool TakeFraction(std::string_view text, SQLUINTEGER* fraction) {
-  constexpr int kDigits = 9;
+  constexpr std::size_t kDigits = 9;
   *fraction = 0;
-  for (int digit = 0; digit < kDigits; ++digit) {
-    const char character = static_cast<std::size_t>(digit) < text.size() ? text[digit] : '0';
+  for (std::size_t digit = 0; digit < kDigits; ++digit) {
+    const char character = digit < text.size() ? text[digit] : '0';
     if (character < '0' || character > '9') return false;
     *fraction = *fraction * 10 + static_cast<SQLUINTEGER>(character - '0');
   }

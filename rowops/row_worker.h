@@ -121,25 +121,40 @@ WORD ReadNewKey(ShortLived<typename Rules::Set>& set, typename Rules::Record* re
   return Reread(set, record);
 }
 
-// Inserts `record` and reads it back with its new key. A refused add leaves the database as it was; when
-// only the reading back fails (1, 52, 64), the row stays and the record's key is 0.
+// Inserts `record`; its key is not written. Returns 0, or 6 and nothing was inserted.
 template <class Rules>
-WORD Add(const typename Rules::Set& browse, typename Rules::Record* record) {
-  const WORD refused = Rules::BeforeAdd(browse, record);
-  if (refused != kOk) return refused;
-  ShortLived<typename Rules::Set> set(browse);
-  set.m_dwFieldMask = kAllFields;
+WORD Insert(ShortLived<typename Rules::Set>& set, const typename Rules::Record& record) {
   try {
+    set.m_dwFieldMask = kAllFields;
     set.AddNew();
-    set.CopyIn(record);
+    set.CopyIn(&record);
     Rules::AfterCopyIn(set);
     set.Update();
-    const WORD code = ReadNewKey<Rules>(set, record);
-    if (code == kOk) Rules::AfterWrite(set, *record, set.m_dwFieldMask);
-    return code;
+    return kOk;
   } catch (CDBException* exception) {
     return klog::Caught(exception, kWriteFailed);
   }
+}
+
+// Inserts `record` and reads it back with its new key. When nothing was inserted, the record is as it was.
+// When only the reading back fails (1, 52, 64, 6), the row stays and the record's key is 0.
+template <class Rules>
+WORD Add(const typename Rules::Set& browse, typename Rules::Record* record) {
+  const typename Rules::Record given = *record;
+  ShortLived<typename Rules::Set> set(browse);
+  WORD code = Rules::BeforeAdd(browse, record);
+  if (code == kOk) code = Insert<Rules>(set, *record);
+  if (code != kOk) {
+    *record = given;
+    return code;
+  }
+  try {
+    code = ReadNewKey<Rules>(set, record);
+  } catch (CDBException* exception) {
+    return klog::Caught(exception, kWriteFailed);
+  }
+  if (code == kOk) Rules::AfterWrite(set, *record, set.m_dwFieldMask);
+  return code;
 }
 
 // Writes the fields of `record` selected by `mask` into the row that it describes, and the row's key into

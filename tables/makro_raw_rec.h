@@ -11,8 +11,8 @@ struct RawRecWorker;  // reading, inserting and editing, written once for all ta
 //
 // A record describes its row by its key, or with key 0 by its natural key: image and ordinal, both given.
 //
-// A makro inserted without kTimeLast has no time of its last change. Edit stamps the current local time unless
-// the mask has kTimeLast; it then stores the record's value.
+// A makro inserted without kTimeLast has no time of its last change. Edit stamps the current local time
+// unless the mask has kTimeLast; it then stores the record's value.
 class KYODBC_API CMakRawRec : public CKyRecSet {
  public:
   static const CRuntimeClass classCMakRawRec;

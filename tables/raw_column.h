@@ -1,7 +1,7 @@
 // What a direct-access set knows of one column: its name, its member in the record class, its mask bit.
 //
-// To add a column: its name and its member in tables/<table>.h; its mask bit in tables/<table>_raw_rec.h; a row
-// in that class's list; a line in schema/.
+// To add a column: its name and its member in tables/<table>.h; its mask bit in tables/<table>_raw_rec.h; a
+// row in that class's list; a line in schema/.
 #ifndef KYODBC_TABLES_RAW_COLUMN_H
 #define KYODBC_TABLES_RAW_COLUMN_H
 

@@ -121,7 +121,7 @@ TEST_F(DatabaseConnection, TheConnectionStringIsShownWithoutItsPassword) {
   const std::string source = "DSN=" + m_practice.Dsn() + ";UID=" + support::CurrentKind().User();
   CDatabase database;
   for (const char* key : {";PWD=", ";pwd="}) {
-    database.OpenEx((source + key + password).c_str());
+    database.OpenEx(std::string(source).append(key).append(password).c_str());
     const CString shown = database.GetConnect();
     EXPECT_NE(shown.Find(("DSN=" + m_practice.Dsn()).c_str()), -1);
     for (const char* secret : {"hun", "ter2", "geheim", "secret"}) EXPECT_EQ(shown.Find(secret), -1) << shown;
@@ -152,7 +152,8 @@ TEST_F(DatabaseStatements, ChangingNoRowIsNoFailure) {
 }
 
 TEST_F(DatabaseStatements, AFailureThrowsAndTheConnectionLives) {
-  for (const char* sql : {"DELETE FROM NoSuchTable", "no sql at all", "INSERT INTO Toy (nowhere) VALUES (1)"}) {
+  for (const char* sql :
+       {"DELETE FROM NoSuchTable", "no sql at all", "INSERT INTO Toy (nowhere) VALUES (1)"}) {
     EXPECT_EQ(CodeOf([&] { m_database.ExecuteSQL(sql); }), SQL_ERROR) << sql;
     EXPECT_TRUE(m_database.IsOpen());
   }
@@ -169,12 +170,13 @@ TEST_F(DatabaseStatements, AnExceptionTellsTheMessageWithoutItsOriginAndTheState
   const toys::Thrown thrown = Catch([&] { m_database.ExecuteSQL("DELETE FROM NoSuchTable"); });
   EXPECT_NE(toys::LowerCase(thrown.error).find("nosuchtable"), std::string::npos) << thrown.error;
   EXPECT_NE(thrown.error.front(), '[');
-  EXPECT_TRUE(std::regex_match(thrown.origin, std::regex(R"(State:.{5},Native:-?[0-9]+,Origin:\[.*\])")))
+  EXPECT_TRUE(std::regex_match(thrown.origin, std::regex(R"(State:.{5},Native:-?[0-9]+,Origin:(\[.*\])?)")))
       << thrown.origin;
 }
 
 TEST_F(DatabaseStatements, AnExceptionOfTheFrameworksOwnTellsAReasonAndNoState) {
-  const toys::Thrown thrown = Catch([&] { AfxThrowDBException(AFX_SQL_ERROR_ILLEGAL_MODE, &m_database, nullptr); });
+  const toys::Thrown thrown =
+      Catch([&] { AfxThrowDBException(AFX_SQL_ERROR_ILLEGAL_MODE, &m_database, nullptr); });
   EXPECT_EQ(thrown.code, AFX_SQL_ERROR_ILLEGAL_MODE);
   EXPECT_FALSE(thrown.error.empty());
   EXPECT_EQ(thrown.origin, "");

@@ -70,7 +70,8 @@ TEST_F(RecordSetDeleting, RelativeStepsCountAroundTheGap) {
   DeleteAt(1);
   m_set.Move(2, SQL_FETCH_RELATIVE);
   ExpectOnRow(m_set, 2, 5);
-  EXPECT_EQ(CodeOf([&] { m_set.Delete(), m_set.Move(0, SQL_FETCH_RELATIVE); }), AFX_SQL_ERROR_NO_CURRENT_RECORD);
+  EXPECT_EQ(CodeOf([&] { m_set.Delete(), m_set.Move(0, SQL_FETCH_RELATIVE); }),
+            AFX_SQL_ERROR_NO_CURRENT_RECORD);
 }
 
 TEST_F(RecordSetDeleting, TheFirstRowGoneTheSecondIsFirst) {

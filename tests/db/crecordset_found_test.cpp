@@ -14,9 +14,10 @@ class FindingTheRow : public toys::ToyTest {
  protected:
   // A row whose every column is filled, and its twin but for the key.
   void AddFullRows() {
-    m_raw.Exec("INSERT INTO Toy (tToyId, tToyName, tToyCount, tToySmall, tToyFlag, tToyDay, tToyTime) VALUES "
-               "(1,'O''Neil',10,2,1,'2001-05-06','2001-05-06 10:00:00'),"
-               "(2,'O''Neil',10,2,1,'2001-05-06','2001-05-06 10:00:00')");
+    m_raw.Exec(
+        "INSERT INTO Toy (tToyId, tToyName, tToyCount, tToySmall, tToyFlag, tToyDay, tToyTime) VALUES "
+        "(1,'O''Neil',10,2,1,'2001-05-06','2001-05-06 10:00:00'),"
+        "(2,'O''Neil',10,2,1,'2001-05-06','2001-05-06 10:00:00')");
   }
 };
 
@@ -200,8 +201,9 @@ class ChangesThroughAView : public FindingTheRow {
   }
   std::string Names() {
     std::string names;
-    for (const support::Row& row : m_raw.Query("SELECT tStatSName FROM TStation WHERE tStatCulIntStatIDPk>=50 "
-                                               "ORDER BY tStatCulIntStatIDPk")) {
+    for (const support::Row& row :
+         m_raw.Query("SELECT tStatSName FROM TStation WHERE tStatCulIntStatIDPk>=50 "
+                     "ORDER BY tStatCulIntStatIDPk")) {
       names += row[0].value_or("NULL") + ";";
     }
     return names;
@@ -254,7 +256,7 @@ TEST_F(ChangesThroughAView, AViewIsKnownByItsNameInAnyCaseAndBehindAPrefix) {
     set.Delete();
     EXPECT_TRUE(set.IsDeleted()) << name;
   }
-  EXPECT_EQ(Names(), "");
+  EXPECT_EQ(m_raw.Count("TStation", "tStatCulIntStatIDPk>=50"), 2 - static_cast<int>(names.size()));
 }
 
 TEST_F(ChangesThroughAView, AnEditOfARowThatIsGoneThrows) {

@@ -200,6 +200,7 @@ class SharedSet : public CRecordset {
 TEST_F(FieldState, OfColumnsThatShareAMemberTheLastIsReadAndNoneLooksChanged) {
   m_raw.Exec("UPDATE Toy SET tToyCount=1, tToySmall=2 WHERE tToyId=1");
   SharedSet set(&m_database);
+  set.m_strSort = "tToyId";
   set.Open();
   EXPECT_EQ(set.m_number, 2);
   set.Edit();
@@ -212,6 +213,7 @@ TEST_F(FieldState, OfColumnsThatShareAMemberTheLastIsReadAndNoneLooksChanged) {
 
 TEST_F(FieldState, AChangedSharedMemberIsWrittenToBothColumns) {
   SharedSet set(&m_database);
+  set.m_strSort = "tToyId";
   set.Open();
   set.Edit();
   set.m_number = 8;

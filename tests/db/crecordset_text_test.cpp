@@ -59,7 +59,8 @@ TEST_F(RecordSetTexts, TheCutIsNeverInsideACharacter) {
 
 TEST_F(RecordSetTexts, AnOverlongTextInTheDatabaseIsCutOnReadingWithoutFailingTheFetch) {
   for (const std::size_t size : {256u, 1020u, 1021u, 1022u, 100000u}) {
-    m_raw.Query("UPDATE Toy SET tToyName=? WHERE tToyId=2", {std::string(254, 'x') + std::string(size - 254, 'y')});
+    m_raw.Query("UPDATE Toy SET tToyName=? WHERE tToyId=2",
+                {std::string(254, 'x') + std::string(size - 254, 'y')});
     m_set.Requery();
     EXPECT_EQ(m_set.ExtendedFetch(SQL_FETCH_ABSOLUTE, 2), SQL_SUCCESS) << size;
     m_set.Fixups();
@@ -83,8 +84,9 @@ TEST_F(RecordSetTexts, AnOverlongTextReadIsNoChange) {
 }
 
 TEST_F(RecordSetTexts, QuotesBackslashesPercentSignsAndUtf8ComeBackAsTheyWere) {
-  for (const char* text : {"O'Neil", "back\\slash", "50%_of", "? {d '2001-01-01'} ?", "M\xC3\xBCller \xE2\x82\xAC",
-                           "line\nand\ttab", "\"quoted\"", "--", "  blanks  "}) {
+  for (const char* text :
+       {"O'Neil", "back\\slash", "50%_of", "? {d '2001-01-01'} ?", "M\xC3\xBCller \xE2\x82\xAC",
+        "line\nand\ttab", "\"quoted\"", "--", "  blanks  "}) {
     StoreName(text);
     EXPECT_EQ(StoredText("tToyName"), text);
     m_set.Requery();
@@ -167,7 +169,9 @@ class RecordSetDates : public toys::ToyTest {
     m_set.Open();
   }
   // The number of rows whose column equals the literal.
-  int Found(const std::string& column, const std::string& literal) { return m_raw.Count("Toy", column + "=" + literal); }
+  int Found(const std::string& column, const std::string& literal) {
+    return m_raw.Count("Toy", column + "=" + literal);
+  }
   ToySet m_set;
 };
 
@@ -217,9 +221,17 @@ TEST_F(RecordSetDates, AFractionIsKept) {
 
 TEST_F(RecordSetDates, ImpossibleDatesAreRefusedAndNothingIsWritten) {
   const TIMESTAMP_STRUCT impossible[] = {
-      Ts(2001, 2, 30),         Ts(2001, 13, 1),         Ts(2001, 5, 0),      Ts(2001, 0, 6),
-      Ts(0, 5, 6),             Ts(-44, 3, 15),          Ts(10000, 1, 1),     Ts(1900, 2, 29),
-      Ts(2001, 5, 6, 24, 0, 0), Ts(2001, 5, 6, 0, 60, 0), Ts(2001, 5, 6, 0, 0, 60),
+      Ts(2001, 2, 30),
+      Ts(2001, 13, 1),
+      Ts(2001, 5, 0),
+      Ts(2001, 0, 6),
+      Ts(0, 5, 6),
+      Ts(-44, 3, 15),
+      Ts(10000, 1, 1),
+      Ts(1900, 2, 29),
+      Ts(2001, 5, 6, 24, 0, 0),
+      Ts(2001, 5, 6, 0, 60, 0),
+      Ts(2001, 5, 6, 0, 0, 60),
   };
   for (const TIMESTAMP_STRUCT& time : impossible) {
     m_set.Edit();

@@ -11,12 +11,14 @@ class RecordSetValues : public toys::ToyTest {
   RecordSetValues() : m_set(&m_database) {
     const support::ColumnTypes types = support::CurrentKind().Types();
     m_raw.Exec(
-        "CREATE TABLE Kinds (kSmall SMALLINT, kNumber INTEGER, kReal REAL, kDouble DOUBLE PRECISION, kDay DATE, "
+        "CREATE TABLE Kinds (kSmall SMALLINT, kNumber INTEGER, kReal REAL, kDouble DOUBLE PRECISION, kDay "
+        "DATE, "
         "kTime " +
         types.timestamp + ", kText VARCHAR(40), kNull INTEGER, kLong " + types.long_text +
         ", kSum NUMERIC(10,2))");
-    m_raw.Exec("INSERT INTO Kinds VALUES (7,70000,1.5,2.25,'2001-05-06','2001-05-06 10:11:12','O''Neil',NULL,'" +
-               std::string(20000, 'l') + "',12.5)");
+    m_raw.Exec(
+        "INSERT INTO Kinds VALUES (7,70000,1.5,2.25,'2001-05-06','2001-05-06 10:11:12','O''Neil',NULL,'" +
+        std::string(20000, 'l') + "',12.5)");
     m_raw.Exec("INSERT INTO Kinds (kSmall, kText) VALUES (8,'second')");
     m_set.m_strSort = "kSmall";
     m_set.Open(CRecordset::snapshot, "SELECT * FROM Kinds");
@@ -105,6 +107,7 @@ TEST_F(RecordSetValues, ATypeThatNoVariantHoldsThrowsAndIsNotRead) {
 }
 
 TEST_F(RecordSetValues, ACountIsReadAsANumberWhenAskedFor) {
+  m_set.m_strSort.Empty();
   m_set.Open(CRecordset::snapshot, "SELECT COUNT(*) AS TIntCount FROM Kinds");
   const CDBVariant count = Variant("TIntCount", SQL_C_SLONG);
   EXPECT_EQ(count.m_dwType, DBVT_LONG);
@@ -187,7 +190,8 @@ TEST_F(RecordSetValues, ColumnsTellNameTypeAndWidth) {
 }
 
 TEST_F(RecordSetValues, OnlyTextsHaveATextLength) {
-  for (const SWORD type : {SQL_CHAR, SQL_VARCHAR, SQL_LONGVARCHAR, SQL_WCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR}) {
+  for (const SWORD type :
+       {SQL_CHAR, SQL_VARCHAR, SQL_LONGVARCHAR, SQL_WCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR}) {
     EXPECT_EQ(ToySet::GetTextLen(type, 255), 256) << type;
   }
 }

@@ -7,6 +7,10 @@
 #include <stdexcept>
 
 #include "platform/cdbexception.h"
+#include "recset/dr_rec.h"
+#include "recset/stat_rec.h"
+#include "recset/unit_rec.h"
+#include "tests/support/fixtures.h"
 
 namespace {
 
@@ -68,6 +72,55 @@ TEST(FlatCalls, ANumberIsHandedOutOnSuccessOnly) {
   EXPECT_EQ(number, 77);
   EXPECT_EQ(flat::Number(&kConnected, &number, [](LONG* out) -> WORD { return *out = 5, WORD{0}; }), 0);
   EXPECT_EQ(number, 5);
+}
+
+// A set that does not do as it is told.
+class StubbornSet : public CStatRec {
+ public:
+  StubbornSet() : CStatRec(nullptr, nullptr) {}
+  BOOL Open(UINT type, const char* sql, DWORD options) override {
+    return obeys ? CStatRec::Open(type, sql, options) : 0;
+  }
+  void Close() override {
+    if (throws) throw new CException;
+    if (obeys) CStatRec::Close();
+  }
+  bool obeys = true;
+  bool throws = false;
+};
+
+class StubbornSets : public support::ConnectedTest {};
+
+TEST_F(StubbornSets, ASetThatDoesNotOpenGives3) {
+  StubbornSet set;
+  set.obeys = false;
+  EXPECT_EQ(flat::Open(&set), 3);
+}
+
+TEST_F(StubbornSets, ASetThatStaysOpenGives4) {
+  StubbornSet set;
+  ASSERT_EQ(flat::Open(&set), 0);
+  set.obeys = false;
+  EXPECT_EQ(flat::Close(&set), 4);
+  set.obeys = true;
+  EXPECT_EQ(flat::Close(&set), 0);
+}
+
+TEST_F(StubbornSets, ASetThatCannotBeClosedGives4AndTheRestStaysAsItWas) {
+  CDBConnection connection;
+  connection.m_pDr = new CDrRec(nullptr, nullptr);
+  auto* set = new StubbornSet;
+  connection.m_pStat = set;
+  connection.m_pUnit = new CUnitRec(nullptr, nullptr);
+  ASSERT_EQ(flat::Open(set), 0);
+  set->throws = true;
+  EXPECT_EQ(connection.CloseAll(), 4);
+  EXPECT_EQ(connection.m_pDr, nullptr);
+  EXPECT_EQ(connection.m_pStat, set);
+  EXPECT_NE(connection.m_pUnit, nullptr);
+  set->throws = false;
+  EXPECT_EQ(connection.CloseAll(), 0);
+  EXPECT_EQ(connection.m_pUnit, nullptr);
 }
 
 }  // namespace

@@ -39,8 +39,8 @@ class SessionLog : public toys::ToyTest {
   }
   // Everything that sends a name or the password somewhere, also in ways that fail.
   void RunSession() {
-    const std::string connect = "DSN=" + m_practice.Dsn() + ";UID=" + support::CurrentKind().User() +
-                                ";PWD=" + Password();
+    const std::string connect =
+        "DSN=" + m_practice.Dsn() + ";UID=" + support::CurrentKind().User() + ";PWD=" + Password();
     CodeOf([&] { m_database.OpenEx(("DSN=NoSuchSource;UID=somebody;PWD=" + Password()).c_str()); });
     m_database.OpenEx(connect.c_str());
     ToySet set(&m_database);
@@ -59,7 +59,9 @@ class SessionLog : public toys::ToyTest {
     set.m_name = kName;
     Fail([&] { set.Update(); });
     Fail([&] { m_database.ExecuteSQL((std::string("SELECT '") + kName + "' FROM '").c_str()); });
-    Fail([&] { m_database.ExecuteSQL((std::string("DELETE FROM Toy WHERE tToyName='") + kOtherName + "'").c_str()); });
+    Fail([&] {
+      m_database.ExecuteSQL((std::string("DELETE FROM Toy WHERE tToyName='") + kOtherName + "'").c_str());
+    });
     Fail([&] { m_database.ExecuteSQL("DELETE FROM NoSuchTable"); });
     Fail([&] { m_database.ExecuteSQL("SELECT tToyColour FROM Toy"); });
     m_database.Close();

@@ -8,7 +8,8 @@ namespace toys {
 std::string TableOfToys(const std::string& name, const std::string& key) {
   const support::ColumnTypes types = support::CurrentKind().Types();
   return "CREATE TABLE " + name + " (tToyId " + key + ", tToyName " + types.long_text +
-         " DEFAULT 'untold', tToyCount INTEGER, tToySmall INTEGER, tToyFlag SMALLINT, tToyDay DATE, tToyTime " +
+         " DEFAULT 'untold', tToyCount INTEGER, tToySmall INTEGER, tToyFlag SMALLINT, tToyDay DATE, "
+         "tToyTime " +
          types.timestamp + ", tToyText " + types.long_text + ")";
 }
 
@@ -68,7 +69,8 @@ void ToyTest::AddToys(int count) {
   std::string rows;
   for (int id = 1; id <= count; ++id) {
     const std::string number = std::to_string(id);
-    rows += (id == 1 ? "(" : ",(") + number + ",'toy" + number + "'," + number + "0)";
+    if (id > 1) rows += ",";
+    rows.append("(").append(number).append(",'toy").append(number).append("',").append(number).append("0)");
   }
   m_raw.Exec("INSERT INTO Toy (tToyId, tToyName, tToyCount) VALUES " + rows);
 }

@@ -38,6 +38,8 @@ void SetKey(Record* record, LONG key) {
 template <class Table>
 class TableTest : public support::ConnectedTest {
  protected:
+  explicit TableTest(support::PracticeOptions options = {}) : support::ConnectedTest(options) {}
+
   int Count(const std::string& condition = "1=1") { return Raw().Count(Table::kTable, condition); }
   LONG HighestKey() {
     return Raw().Number(std::string("SELECT MAX(") + Table::kKeyColumn + ") FROM " + Table::kTable);

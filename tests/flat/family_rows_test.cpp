@@ -63,8 +63,10 @@ TYPED_TEST(FamilyRows, AnAddGives6AndAddsNothingWhenTheDatabaseRefuses) {
   this->MakeReadOnly();
   const int rows = this->Count();
   Record record = Table::Fill(1);
+  const Record before = record;
   EXPECT_EQ(Table::Add(&record), 6);
   EXPECT_EQ(this->Count(), rows);
+  EXPECT_EQ(std::memcmp(&before, &record, sizeof record), 0);
 }
 
 TYPED_TEST(FamilyRows, EditByKeyWritesEveryFieldAndAnOpenBrowseSetShowsIt) {

@@ -101,9 +101,11 @@ def file_length(root):
 
 
 def line_length(root):
-    for path, name in files(root, PLACES + ("schema",), TEXTS):
+    """Of C and C++ only the comments: the formatter rules the code, and keeps rows of tables on one line."""
+    for path, name in files(root, PLACES, (".h", ".c", ".cpp", ".py", ".txt", ".cmake", ".sh")):
+        in_code = path.suffix in (".h", ".c", ".cpp")
         for number, line in enumerate(path.read_text().split("\n"), 1):
-            if len(line) > LONGEST_LINE and path.suffix != ".md":
+            if len(line) > LONGEST_LINE and not (in_code and not line.lstrip().startswith(("//", "/*", "*"))):
                 yield f"{name}:{number}: {len(line)} characters"
 
 

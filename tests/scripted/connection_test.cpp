@@ -37,9 +37,14 @@ TEST_F(Connecting, ARefusedTimeOutOrCursorTypeIsNoError) {
 }
 
 TEST_F(Connecting, AServerThatIsNotReachedOrRefusesTheLoginIsAConnectionFailure) {
-  for (const scripted::Record& record : {scripted::Record{"08001"}, scripted::Record{"08S01", 2013},
-                                         scripted::Record{"08004"}, scripted::Record{"28000", 1045},
-                                         scripted::Record{"HY000", 2002}, scripted::Record{"HY000", 2005}}) {
+  for (const scripted::Record& record : {
+           scripted::Record{"08001"},
+           scripted::Record{       "08S01",   2013},
+           scripted::Record{       "08004"      },
+           scripted::Record{ "28000",       1045},
+           scripted::Record{       "HY000",       2002},
+           scripted::Record{       "HY000",       2005}
+  }) {
     TheScript().Answer("SQLDriverConnect", {SQL_ERROR}, {record});
     EXPECT_EQ(Catch([&] { m_database.OpenEx("DSN=a"); }).code, AFX_SQL_ERROR_CONNECT_FAIL) << record.state;
     EXPECT_FALSE(m_database.IsOpen());
@@ -48,8 +53,12 @@ TEST_F(Connecting, AServerThatIsNotReachedOrRefusesTheLoginIsAConnectionFailure)
 }
 
 TEST_F(Connecting, AnyOtherFailureIsAnError) {
-  for (const scripted::Record& record : {scripted::Record{"IM002"}, scripted::Record{"HY000", 14},
-                                         scripted::Record{"42000", 1049}, scripted::Record{"01000"}}) {
+  for (const scripted::Record& record : {
+           scripted::Record{"IM002"},
+           scripted::Record{"HY000", 14},
+           scripted::Record{"42000",       1049},
+           scripted::Record{"01000"}
+  }) {
     TheScript().Answer("SQLDriverConnect", {SQL_ERROR}, {record});
     EXPECT_EQ(Catch([&] { m_database.OpenEx("DSN=a"); }).code, SQL_ERROR) << record.state;
     EXPECT_FALSE(m_database.IsOpen());
@@ -111,13 +120,18 @@ TEST_F(Connecting, ItRollsBackBeforeItDisconnects) {
 
 TEST_F(Connecting, EveryDiagnosticRecordIsGathered) {
   m_database.OpenEx("DSN=a");
-  TheScript().Answer("SQLExecDirect", {SQL_ERROR},
-                     {{"42S02", 11, "[maker][driver]no table"}, {"01000", 22, "no origin"}, {"HY000", -3, "[x]third"}});
+  TheScript().Answer(
+      "SQLExecDirect",
+      {
+          SQL_ERROR
+  },
+      {{"42S02", 11, "[maker][driver]no table"}, {"01000", 22, "no origin"}, {"HY000", -3, "[x]third"}});
   const scripted::Thrown thrown = Catch([&] { m_database.ExecuteSQL("DELETE FROM Play"); });
   EXPECT_EQ(thrown.error, "no table");
-  EXPECT_EQ(thrown.origin,
-            "State:42S02,Native:11,Origin:[maker][driver]\nState:01000,Native:22,Origin:\nState:HY000,Native:-3,"
-            "Origin:[x]");
+  EXPECT_EQ(
+      thrown.origin,
+      "State:42S02,Native:11,Origin:[maker][driver]\nState:01000,Native:22,Origin:\nState:HY000,Native:-3,"
+      "Origin:[x]");
 }
 
 TEST_F(Connecting, AFailureWithoutARecordIsThrownAllTheSame) {
@@ -199,7 +213,8 @@ TEST_F(ProvingTheSession, ASessionInWhichABackslashEscapesIsRefused) {
 
 TEST_F(ProvingTheSession, AProofOrSetupThatFailsRefusesTheConnection) {
   Prove(3);
-  for (const char* function : {"SQLExecDirect", "SQLPrepare", "SQLExecute", "SQLExtendedFetch", "SQLGetData"}) {
+  for (const char* function :
+       {"SQLExecDirect", "SQLPrepare", "SQLExecute", "SQLExtendedFetch", "SQLGetData"}) {
     TheScript().Answer(function, {SQL_ERROR}, {{"HY000"}});
     EXPECT_EQ(Catch([&] { m_database.OpenEx("DSN=a"); }).code, SQL_ERROR) << function;
     EXPECT_FALSE(m_database.IsOpen());

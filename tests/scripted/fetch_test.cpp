@@ -56,16 +56,21 @@ TEST_P(StillExecuting, ACallIsRepeatedUntilItIsDone) {
 INSTANTIATE_TEST_SUITE_P(Calls, StillExecuting,
                          testing::Values("SQLDriverConnect", "SQLSetConnectAttr", "SQLGetInfo", "SQLPrepare",
                                          "SQLExecute", "SQLExecDirect", "SQLExtendedFetch", "SQLGetData",
-                                         "SQLNumResultCols", "SQLDescribeCol", "SQLBindCol", "SQLBindParameter",
-                                         "SQLRowCount", "SQLGetStmtAttr", "SQLSetStmtAttr", "SQLMoreResults",
-                                         "SQLFreeStmt", "SQLEndTran", "SQLDisconnect"),
+                                         "SQLNumResultCols", "SQLDescribeCol", "SQLBindCol",
+                                         "SQLBindParameter", "SQLRowCount", "SQLGetStmtAttr",
+                                         "SQLSetStmtAttr", "SQLMoreResults", "SQLFreeStmt", "SQLEndTran",
+                                         "SQLDisconnect"),
                          [](const auto& instance) { return std::string(instance.param); });
 
 TEST_F(Fetching, InformationOtherThanACutTextCountsAsFailure) {
   PlaySet set(&m_database);
   set.Open();
-  for (const scripted::Records& records : {scripted::Records{{"01S06"}}, scripted::Records{{"01004"}, {"01S06"}},
-                                           scripted::Records{{"01000"}}, scripted::Records{}}) {
+  for (const scripted::Records& records : {
+           scripted::Records{{"01S06"}                    },
+           scripted::Records{{"01004"},                     {"01S06"}},
+           scripted::Records{{"01000"}                            },
+           scripted::Records{                             }
+  }) {
     TheScript().Answer("SQLExtendedFetch", {SQL_SUCCESS_WITH_INFO}, records);
     EXPECT_NE(set.ExtendedFetch(SQL_FETCH_ABSOLUTE, 2), SQL_SUCCESS);
   }
@@ -74,7 +79,10 @@ TEST_F(Fetching, InformationOtherThanACutTextCountsAsFailure) {
 TEST_F(Fetching, InformationOnlyOfCutTextsIsSuccess) {
   PlaySet set(&m_database);
   set.Open();
-  for (const scripted::Records& records : {scripted::Records{{"01004"}}, scripted::Records{{"01004"}, {"01004"}}}) {
+  for (const scripted::Records& records : {
+           scripted::Records{{"01004"} },
+           scripted::Records{ {"01004"}, {"01004"}}
+  }) {
     TheScript().Answer("SQLExtendedFetch", {SQL_SUCCESS_WITH_INFO}, records);
     EXPECT_EQ(set.ExtendedFetch(SQL_FETCH_ABSOLUTE, 2), SQL_SUCCESS);
   }
@@ -95,8 +103,8 @@ TEST_F(Fetching, AFailureThrowsAndTheNextMoveGoesOnFromTheSameRow) {
 
 TEST_F(Fetching, AFailureOfTheFirstFetchClosesTheSet) {
   PlaySet set(&m_database);
-  for (const char* function : {"SQLPrepare", "SQLExecute", "SQLNumResultCols", "SQLDescribeCol", "SQLBindCol",
-                               "SQLExtendedFetch"}) {
+  for (const char* function :
+       {"SQLPrepare", "SQLExecute", "SQLNumResultCols", "SQLDescribeCol", "SQLBindCol", "SQLExtendedFetch"}) {
     TheScript().Answer(function, {SQL_ERROR}, {{"HY000"}});
     EXPECT_EQ(Catch([&] { set.Open(); }).code, SQL_ERROR) << function;
     EXPECT_FALSE(set.IsOpen());
@@ -172,18 +180,21 @@ TEST_F(Fetching, ACountThatFailsOnTheWayThrowsAndIsNotRemembered) {
 TEST_F(Fetching, TextsWithoutAZeroByteEndWhereTheirLengthSays) {
   TheScript().zero_bytes = false;
   const std::string exact(1021, 'e');  // as many bytes as the buffer for a text of 255
-  TheScript().Gives("SELECT id", {{{"id"}, {"text", SQL_VARCHAR, 255}},
-                                  {{"1", std::string(1020, 'l')},
-                                   {"2", exact},
-                                   {"3", std::string(5000, 'o')},
-                                   {"4", "short"},
-                                   {"5", ""},
-                                   {"6", std::nullopt},
-                                   {"7", std::string(255, 'm')}}});
+  TheScript().Gives("SELECT id", {
+                                     {{"id"},              {"text", SQL_VARCHAR, 255}},
+                                     { {"1", std::string(1020, 'l')},
+                                      {"2", exact},
+                                      {"3", std::string(5000, 'o')},
+                                      {"4", "short"},
+                                      {"5", ""},
+                                      {"6", std::nullopt},
+                                      {"7", std::string(255, 'm')}}
+  });
   PlaySet set(&m_database);
   set.Open();
-  const std::string expected[] = {std::string(255, 'l'), std::string(255, 'e'), std::string(255, 'o'), "short", "",
-                                  "", std::string(255, 'm')};
+  const std::string expected[] = {
+      std::string(255, 'l'), std::string(255, 'e'), std::string(255, 'o'), "short", "", "",
+      std::string(255, 'm')};
   for (const std::string& text : expected) {
     EXPECT_EQ(std::string(set.m_text), text) << set.m_id;
     set.MoveNext();

@@ -18,12 +18,12 @@ struct Telling {
 };
 
 const Telling kTellings[] = {
-    {"LinkFailure",     {{"08S01", 2013}},        false},
-    {"NoConnection",    {{"08003"}},              false},
-    {"ServerShutsDown", {{"57P01", 7}},           true },
-    {"OnlyWhenAsked",   {{"HY000", 2006}},        true },
-    {"SecondRecord",    {{"HY000"}, {"08S01"}},   false},
-    {"WithoutRecord",   {},                       true },
+    {"LinkFailure",     {{"08S01", 2013}},      false},
+    {"NoConnection",    {{"08003"}},            false},
+    {"ServerShutsDown", {{"57P01", 7}},         true },
+    {"OnlyWhenAsked",   {{"HY000", 2006}},      true },
+    {"SecondRecord",    {{"HY000"}, {"08S01"}}, false},
+    {"WithoutRecord",   {},                     true },
 };
 
 class Loss : public PlayTest, public testing::WithParamInterface<Telling> {
@@ -41,7 +41,8 @@ class Loss : public PlayTest, public testing::WithParamInterface<Telling> {
     TheScript().Answer(function, {SQL_ERROR}, GetParam().records);
     TheScript().dead = GetParam().dead;
   }
-  // The handles are given back at once, the sets are closed and everything may be used and destroyed after it.
+  // The handles are given back at once, the sets are closed and everything may be used and destroyed after
+  // it.
   void ExpectReleased() {
     EXPECT_FALSE(m_database.IsOpen());
     EXPECT_EQ(TheScript().Live(), 0u);

@@ -89,6 +89,8 @@ SQLRETURN RunChange(const std::string& sql) {
 
 }  // namespace
 
+// The headers of ODBC name parameters in a way of their own.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 SQLRETURN SQL_API SQLAllocHandle(SQLSMALLINT kind, SQLHANDLE input, SQLHANDLE* output) {
@@ -122,8 +124,8 @@ SQLRETURN SQL_API SQLGetConnectAttr(SQLHDBC handle, SQLINTEGER, SQLPOINTER value
   return code;
 }
 
-SQLRETURN SQL_API SQLDriverConnect(SQLHDBC handle, SQLHWND, SQLCHAR* in, SQLSMALLINT length, SQLCHAR*, SQLSMALLINT,
-                                   SQLSMALLINT*, SQLUSMALLINT completion) {
+SQLRETURN SQL_API SQLDriverConnect(SQLHDBC handle, SQLHWND, SQLCHAR* in, SQLSMALLINT length, SQLCHAR*,
+                                   SQLSMALLINT, SQLSMALLINT*, SQLUSMALLINT completion) {
   TheScript().connection_string = Given(in, length);
   TheScript().completion = completion;
   return TheScript().Begin("SQLDriverConnect", TheScript().Find(handle));
@@ -172,8 +174,9 @@ SQLRETURN SQL_API SQLGetStmtAttr(SQLHSTMT handle, SQLINTEGER, SQLPOINTER value, 
   Handle* statement = TheScript().Find(handle);
   const SQLRETURN code = TheScript().Begin("SQLGetStmtAttr", statement);
   if (!Works(code)) return code;
-  const SQLULEN number = TheScript().true_row_number && statement->OnRow() ? static_cast<SQLULEN>(statement->row)
-                                                                           : TheScript().row_number;
+  const SQLULEN number = TheScript().true_row_number && statement->OnRow()
+                             ? static_cast<SQLULEN>(statement->row)
+                             : TheScript().row_number;
   std::memcpy(value, &number, sizeof number);
   return code;
 }
@@ -225,8 +228,8 @@ SQLRETURN SQL_API SQLNumResultCols(SQLHSTMT handle, SQLSMALLINT* count) {
 }
 
 SQLRETURN SQL_API SQLDescribeCol(SQLHSTMT handle, SQLUSMALLINT column, SQLCHAR* name, SQLSMALLINT size,
-                                 SQLSMALLINT* length, SQLSMALLINT* type, SQLULEN* precision, SQLSMALLINT* scale,
-                                 SQLSMALLINT* nullable) {
+                                 SQLSMALLINT* length, SQLSMALLINT* type, SQLULEN* precision,
+                                 SQLSMALLINT* scale, SQLSMALLINT* nullable) {
   Handle* statement = TheScript().Find(handle);
   const SQLRETURN code = TheScript().Begin("SQLDescribeCol", statement);
   if (!Works(code)) return code;
@@ -239,16 +242,16 @@ SQLRETURN SQL_API SQLDescribeCol(SQLHSTMT handle, SQLUSMALLINT column, SQLCHAR* 
   return code;
 }
 
-SQLRETURN SQL_API SQLBindCol(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER buffer, SQLLEN size,
-                             SQLLEN* indicator) {
+SQLRETURN SQL_API SQLBindCol(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER buffer,
+                             SQLLEN size, SQLLEN* indicator) {
   Handle* statement = TheScript().Find(handle);
   const SQLRETURN code = TheScript().Begin("SQLBindCol", statement);
   if (Works(code)) statement->bound[column] = {type, buffer, size, indicator};
   return code;
 }
 
-SQLRETURN SQL_API SQLBindParameter(SQLHSTMT handle, SQLUSMALLINT, SQLSMALLINT, SQLSMALLINT, SQLSMALLINT, SQLULEN,
-                                   SQLSMALLINT, SQLPOINTER, SQLLEN, SQLLEN*) {
+SQLRETURN SQL_API SQLBindParameter(SQLHSTMT handle, SQLUSMALLINT, SQLSMALLINT, SQLSMALLINT, SQLSMALLINT,
+                                   SQLULEN, SQLSMALLINT, SQLPOINTER, SQLLEN, SQLLEN*) {
   return TheScript().Begin("SQLBindParameter", TheScript().Find(handle));
 }
 
@@ -267,13 +270,14 @@ SQLRETURN SQL_API SQLExtendedFetch(SQLHSTMT handle, SQLUSMALLINT type, SQLLEN ro
   return code == SQL_SUCCESS ? filled : code;
 }
 
-SQLRETURN SQL_API SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER buffer, SQLLEN size,
-                             SQLLEN* indicator) {
+SQLRETURN SQL_API SQLGetData(SQLHSTMT handle, SQLUSMALLINT column, SQLSMALLINT type, SQLPOINTER buffer,
+                             SQLLEN size, SQLLEN* indicator) {
   Handle* statement = TheScript().Find(handle);
   const SQLRETURN code = TheScript().Begin("SQLGetData", statement);
   if (!Works(code)) return code;
   if (!statement->OnRow()) return SQL_ERROR;
-  const scripted::Cell& cell = statement->result.rows[static_cast<std::size_t>(statement->row - 1)][column - 1U];
+  const scripted::Cell& cell =
+      statement->result.rows[static_cast<std::size_t>(statement->row - 1)][column - 1U];
   if (!cell || type != SQL_C_CHAR) return PutCell(cell, {type, buffer, size, indicator}, true);
   std::size_t& given = statement->given[column];
   if (given > cell->size()) return SQL_NO_DATA;
@@ -291,3 +295,4 @@ SQLRETURN SQL_API SQLRowCount(SQLHSTMT handle, SQLLEN* count) {
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

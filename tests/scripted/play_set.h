@@ -52,7 +52,10 @@ class PlaySet : public CRecordset {
 
 // Rows (1, "row 1"), (2, "row 2") and so on.
 inline Result Rows(int count) {
-  Result result{{{"id"}, {"text", SQL_VARCHAR, 255}}, {}};
+  Result result{
+      {{"id"},  {"text", SQL_VARCHAR, 255}},
+      {       }
+  };
   for (int row = 1; row <= count; ++row) {
     result.rows.push_back({std::to_string(row), "row " + std::to_string(row)});
   }

@@ -13,7 +13,8 @@ std::unique_ptr<Script>& Current() {
 Script& TheScript() { return *Current(); }
 void NewScript() { Current() = std::make_unique<Script>(); }
 
-void Script::Answer(const std::string& function, const std::vector<SQLRETURN>& codes, const Records& records) {
+void Script::Answer(const std::string& function, const std::vector<SQLRETURN>& codes,
+                    const Records& records) {
   for (const SQLRETURN code : codes) m_answers[function].push_back({code, records});
 }
 

@@ -1,5 +1,5 @@
-// An ODBC library that tests play: it stands in the place of the driver manager and does what the script says,
-// so that the library can be seen with faults that no real driver gives on demand.
+// An ODBC library that tests play: it stands in the place of the driver manager and does what the script
+// says, so that the library can be seen with faults that no real driver gives on demand.
 #ifndef KYODBC_TESTS_SCRIPTED_SCRIPT_H
 #define KYODBC_TESTS_SCRIPTED_SCRIPT_H
 
@@ -60,9 +60,9 @@ class Script {
  public:
   // --- what a test says ---
 
-  // The next calls of `function` give these codes, in order; then it works as usual. A call that succeeds does
-  // its work; any other does nothing. SQLAllocHandle and SQLFreeHandle are told apart by what they handle:
-  // "SQLAllocHandle env", "SQLFreeHandle stmt" and so on.
+  // The next calls of `function` give these codes, in order; then it works as usual. A call that succeeds
+  // does its work; any other does nothing. SQLAllocHandle and SQLFreeHandle are told apart by what they
+  // handle: "SQLAllocHandle env", "SQLFreeHandle stmt" and so on.
   void Answer(const std::string& function, const std::vector<SQLRETURN>& codes, const Records& records = {});
   // A statement that begins with `text` gives this result from now on. Others give none.
   void Gives(const std::string& text, const Result& result) { m_results[text] = result; }
@@ -70,12 +70,12 @@ class Script {
   std::string dbms = "SQLite";
   bool procedures = false;
   bool transactions = true;
-  bool dead = false;            // what the driver says of the connection
-  SQLLEN row_count = 1;         // rows that a change says it changed
+  bool dead = false;             // what the driver says of the connection
+  SQLLEN row_count = 1;          // rows that a change says it changed
   bool no_data_for_none = true;  // a change of no row answers SQL_NO_DATA
-  bool views = false;           // the catalogue knows the name as a view
-  bool zero_bytes = true;       // bound texts end with one
-  SQLULEN row_number = 0;       // told when not 0 ...
+  bool views = false;            // the catalogue knows the name as a view
+  bool zero_bytes = true;        // bound texts end with one
+  SQLULEN row_number = 0;        // told when not 0 ...
   bool true_row_number = false;  // ... unless the right one is told
 
   // --- what a test sees ---

@@ -11,8 +11,8 @@
 
 namespace support {
 
-// Lives as long as something holds it; then the folder vanishes, and the next one has the same name. The driver
-// manager remembers sections of ini files for a while, so names of sources are never used twice.
+// Lives as long as something holds it; then the folder vanishes, and the next one has the same name. The
+// driver manager remembers sections of ini files for a while, so names of sources are never used twice.
 class OdbcHome {
  public:
   // The one in use, or a new one. Points the environment (ODBCSYSINI, ODBCINI) at it.

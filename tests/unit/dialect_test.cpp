@@ -13,8 +13,8 @@ TEST(Dialect, ASelectBeginsWithThatWordInAnyCase) {
                           "SELECT\"a\"", "SELECT"}) {
     EXPECT_TRUE(IsSelect(sql)) << sql;
   }
-  for (const char* sql : {" SELECT a", "SELECTED", "Selections, TPatient", "SELECT_1", "SELECT2", "TPatient", "",
-                          "{call p}", "SELEC", "WITH a SELECT"}) {
+  for (const char* sql : {" SELECT a", "SELECTED", "Selections, TPatient", "SELECT_1", "SELECT2", "TPatient",
+                          "", "{call p}", "SELEC", "WITH a SELECT"}) {
     EXPECT_FALSE(IsSelect(sql)) << sql;
   }
 }
@@ -35,19 +35,19 @@ TEST(Dialect, CallsAreAdaptedToWhatTheDataSourceTakes) {
     const char* postgresql;
     const char* mariadb;
   } cases[] = {
-      {"{call spky_ping}",   "SELECT * FROM spky_ping",   "{call spky_ping}",     "{call spky_ping}"  },
-      {"{CALL spky_ping}",   "SELECT * FROM spky_ping",   "{CALL spky_ping}",     "{CALL spky_ping}"  },
-      {"{call main.p}",      "SELECT * FROM main.p",      "{call main.p()}",      "{call main.p}"     },
-      {"{call main.p()}",    "SELECT * FROM main.p",      "{call main.p()}",      "{call main.p()}"   },
-      {"{call p()}",         "SELECT * FROM p",           "{call p()}",           "{call p()}"        },
-      {"{call p( )}",        "SELECT * FROM p",           "{call p( )}",          "{call p( )}"       },
-      {"{call  p }",         "SELECT * FROM p",           "{call  p }",           "{call  p }"        },
-      {"{call p (1,'a')}",   "{call p (1,'a')}",          "{call p (1,'a')}",     "{call p (1,'a')}"  },
-      {"{call main.p(1)}",   "{call main.p(1)}",          "{call main.p(1)}",     "{call main.p(1)}"  },
-      {"{call}",             "{call}",                    "{call}",               "{call}"            },
-      {"SELECT * FROM p",    "SELECT * FROM p",           "SELECT * FROM p",      "SELECT * FROM p"   },
-      {"DELETE FROM p",      "DELETE FROM p",             "DELETE FROM p",        "DELETE FROM p"     },
-      {"",                   "",                          "",                     ""                  },
+      {"{call spky_ping}", "SELECT * FROM spky_ping", "{call spky_ping}", "{call spky_ping}"},
+      {"{CALL spky_ping}", "SELECT * FROM spky_ping", "{CALL spky_ping}", "{CALL spky_ping}"},
+      {"{call main.p}",    "SELECT * FROM main.p",    "{call main.p()}",  "{call main.p}"   },
+      {"{call main.p()}",  "SELECT * FROM main.p",    "{call main.p()}",  "{call main.p()}" },
+      {"{call p()}",       "SELECT * FROM p",         "{call p()}",       "{call p()}"      },
+      {"{call p( )}",      "SELECT * FROM p",         "{call p( )}",      "{call p( )}"     },
+      {"{call  p }",       "SELECT * FROM p",         "{call  p }",       "{call  p }"      },
+      {"{call p (1,'a')}", "{call p (1,'a')}",        "{call p (1,'a')}", "{call p (1,'a')}"},
+      {"{call main.p(1)}", "{call main.p(1)}",        "{call main.p(1)}", "{call main.p(1)}"},
+      {"{call}",           "{call}",                  "{call}",           "{call}"          },
+      {"SELECT * FROM p",  "SELECT * FROM p",         "SELECT * FROM p",  "SELECT * FROM p" },
+      {"DELETE FROM p",    "DELETE FROM p",           "DELETE FROM p",    "DELETE FROM p"   },
+      {"",                 "",                        "",                 ""                },
   };
   for (const auto& row : cases) {
     EXPECT_STREQ(AdaptCall(row.call, kEmbedded), row.embedded) << row.call;

@@ -109,7 +109,8 @@ TEST_F(LogTest, AStatementIsWrittenAtDebugWithItsTimeAndWithoutItsValues) {
 
 TEST_F(LogTest, ACaughtExceptionIsWrittenWithStateNativeCodeMessageAndCode) {
   Configure("error");
-  auto* exception = new CDBException(SQL_ERROR, "no such table: TFoo", "State:S0002,Native:1,Origin:[driver]");
+  auto* exception =
+      new CDBException(SQL_ERROR, "no such table: TFoo", "State:S0002,Native:1,Origin:[driver]");
   EXPECT_EQ(klog::Caught(exception, 31), 31);
   const std::string line = Written();
   for (const char* part : {"code 31", "no such table: TFoo", "State:S0002", "Native:1"}) {
@@ -129,23 +130,23 @@ TEST_F(Masking, LiteralsAndNumbersOfAStatementAreHidden) {
     const char* sql;
     const char* masked;
   } cases[] = {
-      {"SELECT a FROM t",                             "SELECT a FROM t"                          },
-      {"x='Meier'",                                   "x='?'"                                    },
-      {"x='O''Neil' AND y=''",                        "x='?' AND y='?'"                          },
-      {"x=12 AND y=-3.5",                             "x=? AND y=-?"                             },
-      {"x=0x4A OR x=1e5",                             "x=? OR x=?"                               },
-      {"T1.c2=3",                                     "T1.c2=?"                                  },
-      {"d={d '2001-05-06'}",                          "d={d '?'}"                                },
-      {"t={ts '2001-05-06 10:00:00'} OR u='a'",       "t={ts '?'} OR u='?'"                      },
-      {"x='never closed",                             "x='?'"                                    },
-      {"x='O'Neil' AND y=1",                          "x='?'"                                    },
-      {"x='O'Ne'il' AND y=1",                         "x='?' AND y=?"                            },
-      {"x='O' Neil' AND y=1",                         "x='?'"                                    },
-      {"x=\"Meier\"",                                 "x='?'"                                    },
-      {"x='\xC3\xBC?'",                               "x='?'"                                    },
-      {"INSERT INTO t (a,b) VALUES (?,?)",            "INSERT INTO t (a,b) VALUES (?,?)"         },
-      {"SELECT COUNT(*) FROM t WHERE k IN (1,2,30) ", "SELECT COUNT(*) FROM t WHERE k IN (?,?,?) "},
-      {"",                                            ""                                         },
+      {"SELECT a FROM t",                       "SELECT a FROM t"                    },
+      {"x='Meier'",                             "x='?'"                              },
+      {"x='O''Neil' AND y=''",                  "x='?' AND y='?'"                    },
+      {"x=12 AND y=-3.5",                       "x=? AND y=-?"                       },
+      {"x=0x4A OR x=1e5",                       "x=? OR x=?"                         },
+      {"T1.c2=3",                               "T1.c2=?"                            },
+      {"d={d '2001-05-06'}",                    "d={d '?'}"                          },
+      {"t={ts '2001-05-06 10:00:00'} OR u='a'", "t={ts '?'} OR u='?'"                },
+      {"x='never closed",                       "x='?'"                              },
+      {"x='O'Neil' AND y=1",                    "x='?'"                              },
+      {"x='O'Ne'il' AND y=1",                   "x='?' AND y=?"                      },
+      {"x='O' Neil' AND y=1",                   "x='?'"                              },
+      {"x=\"Meier\"",                           "x='?'"                              },
+      {"x='\xC3\xBC?'",                         "x='?'"                              },
+      {"INSERT INTO t (a,b) VALUES (?,?)",      "INSERT INTO t (a,b) VALUES (?,?)"   },
+      {"SELECT a FROM t WHERE k IN (1,2,30) ",  "SELECT a FROM t WHERE k IN (?,?,?) "},
+      {"",                                      ""                                   },
   };
   for (const auto& row : cases) EXPECT_EQ(klog::MaskedSQL(row.sql), row.masked) << row.sql;
 }
@@ -155,29 +156,31 @@ TEST_F(Masking, WhatAMessageQuotesIsHidden) {
     const char* message;
     const char* masked;
   } cases[] = {
-      {"no such table: TFoo (1)", "no such table: TFoo (1)"},
-      {"near \"Meier\": syntax error (1)", "near '?': syntax error (1)"},
-      {"You have an error near 'Meier' at line 1", "You have an error near '?' at line 1"},
-      {"You have an error near ''Meier' AND x='Huber'' at line 1", "You have an error near '?' at line 1"},
-      {"near 'O'Neil' at line 1", "near '?' at line 1"},
-      {"unrecognized token: \"'O\"", "unrecognized token: '?'"},
-      {"Can't connect to the server on 'host' (115)", "Can't connect to the server on '?' (115)"},
-      {"The host doesn't answer", "The host doesn't answer"},
-      {"Duplicate entry 'Meier' for key 'name'", "Duplicate entry '?'"},
-      {"near 'Meier", "near '?'"},
+      {"no such table: TFoo (1)",                                       "no such table: TFoo (1)"                 },
+      {"near \"Meier\": syntax error (1)",                              "near '?': syntax error (1)"              },
+      {"You have an error near 'Meier' at line 1",                      "You have an error near '?' at line 1"    },
+      {"You have an error near ''Meier' AND x='Huber'' at line 1",      "You have an error near '?' at line 1"    },
+      {"near 'O'Neil' at line 1",                                       "near '?' at line 1"                      },
+      {"unrecognized token: \"'O\"",                                    "unrecognized token: '?'"                 },
+      {"Can't connect to the server on 'host' (115)",                   "Can't connect to the server on '?' (115)"},
+      {"The host doesn't answer",                                       "The host doesn't answer"                 },
+      {"Duplicate entry 'Meier' for key 'name'",                        "Duplicate entry '?'"                     },
+      {"near 'Meier",                                                   "near '?'"                                },
       {"Key (tpatsname, tpatsfirstname)=(Meier, Hans) already exists.",
-       "Key (tpatsname, tpatsfirstname)=(?) already exists."},
-      {"Key (a)=(Mei)er) exists", "Key (a)=(?) exists"},
-      {"Key (a)=(Meier", "Key (a)=(?)"},
-      {"'", "'?'"},
-      {"", ""},
+       "Key (tpatsname, tpatsfirstname)=(?) already exists."                                                      },
+      {"Key (a)=(Mei)er) exists",                                       "Key (a)=(?) exists"                      },
+      {"Key (a)=(Meier",                                                "Key (a)=(?)"                             },
+      {"'",                                                             "'?'"                                     },
+      {"",                                                              ""                                        },
   };
-  for (const auto& row : cases) EXPECT_EQ(klog::MaskedMessage("HY000", row.message), row.masked) << row.message;
+  for (const auto& row : cases)
+    EXPECT_EQ(klog::MaskedMessage("HY000", row.message), row.masked) << row.message;
 }
 
 TEST_F(Masking, MessagesOfMissingTablesAndColumnsKeepTheirNames) {
   for (const char* state : {"42S02", "42S22", "42P01", "42703"}) {
-    EXPECT_EQ(klog::MaskedMessage(state, "relation \"tfoo\" does not exist"), "relation \"tfoo\" does not exist");
+    EXPECT_EQ(klog::MaskedMessage(state, "relation \"tfoo\" does not exist"),
+              "relation \"tfoo\" does not exist");
   }
   EXPECT_EQ(klog::MaskedMessage("42000", "relation \"tfoo\" does not exist"), "relation '?' does not exist");
 }
