@@ -353,7 +353,8 @@ KYODBC_API WORD DB_AddNewTUnit(tagTUNIT* record);
  * read again too. Tried up to nine times before 6. */
 KYODBC_API WORD DB_AddNewTPat(tagTPATIENT* record);
 /* szLoc must be empty and comes back as "9"; else 1, and nothing is added. Replaces images of the same
- * patient and time, and brings the patient's last display up to date. */
+ * patient and time (8 when one cannot be deleted, and nothing is added), and brings the patient's last
+ * display up to date. */
 KYODBC_API WORD DB_AddNewTImg(tagTIMAGE* record);
 /* Stamps the last change with the current local time. */
 KYODBC_API WORD DB_AddNewTMak(tagTMAKRO* record);

@@ -87,6 +87,23 @@ TYPED_TEST(RawFailures, TheSetWorksAgainAfterAFailure) {
   EXPECT_EQ(set.Insert(record, GivenFields<TypeParam>()), 0);
 }
 
+// A connection that a user cancels while it is made.
+class CancelledDatabase : public CDatabase {
+ public:
+  BOOL OpenEx(const char*, DWORD) override { return FALSE; }
+};
+
+class RawCancelled : public RawTest {};
+
+TEST_F(RawCancelled, ASetThatDoesNotOpenGives3AndAnInsert6) {
+  CancelledDatabase cancelled;
+  CDrRawRec set(&cancelled, nullptr);
+  CTDrRaw doctor = MakeRecord<Doctors>(1);
+  EXPECT_EQ(set.OpenQuery(doctor), 3);
+  EXPECT_EQ(set.Edit(doctor, kAllFields), 3);
+  EXPECT_EQ(set.Insert(doctor, kAllFields), 6);
+}
+
 class RawDates : public RawTest {};
 
 TEST_F(RawDates, AnImpossibleDateIsRefusedBeforeAnythingIsWritten) {
