@@ -161,7 +161,6 @@ BOOL CRecordset::Open(UINT open_type, const char* sql, DWORD options) {
 void CRecordset::Execute() {
   m_strSQL = BuildSQL();
   m_fields->ForgetEdits();
-  m_columnsRead.clear();
   m_lRecordCount = 0;
   m_bEOFSeen = FALSE;
   m_bDeleted = FALSE;

@@ -33,6 +33,17 @@ TEST_F(RecordSetRequery, ItShowsWhatChangedAndStandsOnTheFirstRow) {
   EXPECT_EQ(m_set.Ids(), "1,3");
 }
 
+TEST_F(RecordSetRequery, OwnEditsGiveWayToWhatTheDatabaseHoldsNow) {
+  m_set.Edit();
+  m_set.m_name = "mine";
+  m_set.Update();
+  m_raw.Exec("UPDATE Toy SET tToyName='theirs' WHERE tToyId=1");
+  m_set.Move(0);
+  EXPECT_STREQ(m_set.m_name, "mine");
+  m_set.Requery();
+  EXPECT_STREQ(m_set.m_name, "theirs");
+}
+
 TEST_F(RecordSetRequery, ChangedFilterAndSortTakeEffect) {
   m_set.m_strFilter = "tToyId>1";
   m_set.m_strSort = "tToyId DESC";
