@@ -153,8 +153,9 @@ class KYODBC_API CRecordset : public CObject {
   friend struct FieldAccess;
 
   // Fetches by SQLExtendedFetch into the set's own buffers, in logical rows: those deleted through this
-  // set do not count. Repeats while the driver is still executing. Members and flags stay as they are;
-  // Fixups copies the row. SQL_INVALID_HANDLE on a closed set.
+  // set do not count. Repeats while the driver is still executing. Like every move it drops a pending AddNew
+  // or Edit; apart from that members and flags stay as they are, and Fixups copies the row.
+  // SQL_INVALID_HANDLE on a closed set.
   RETCODE ExtendedFetch(WORD fetch_type, SQLLEN row);
   void Fixups();
   // Names the member that holds the row key. Changes find their row by the key as fetched; without one
