@@ -39,13 +39,13 @@ RETCODE Give(const std::optional<std::string>& cell, SWORD c_type, void* buffer,
 
 }  // namespace
 
-RETCODE BufferedRows::Execute(const CString& sql, Run run) {
+RETCODE BufferedRows::Execute(const RowQuery& query) {
   m_taken = false;
   m_columns.clear();
   m_rows.clear();
   m_bound.clear();
   m_current = nullptr;
-  const RETCODE code = StaticCursor::Execute(sql, run);
+  const RETCODE code = StaticCursor::Execute(query);
   return odbc::Succeeded(code) ? TakeResult() : code;
 }
 

@@ -16,7 +16,7 @@ class BufferedRows : public StaticCursor {
   using StaticCursor::StaticCursor;
 
   // Further results of the call are dropped; an error that comes with them fails the call.
-  RETCODE Execute(const CString& sql, Run run) override;
+  RETCODE Execute(const RowQuery& query) override;
   RETCODE ColumnCount(SWORD* count) override;
   RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) override;
   RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,

@@ -1,13 +1,14 @@
 #include "platform/cdatabase.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include <fmt/format.h>
 
 #include "platform/cdbexception.h"
+#include "platform/connect_text.h"
 #include "platform/crecordset.h"
 #include "platform/dialect.h"
+#include "platform/kept_statements.h"
 #include "platform/log.h"
 #include "platform/odbc.h"
 
@@ -26,12 +27,6 @@ bool IsConnectFailure(const odbc::Diagnostics& records) {
     return record.state.starts_with("08") || record.state == "28000" ||
            (record.state == "HY000" &&
             (record.native == kMariaDBSocketFailed || record.native == kMariaDBHostUnknown));
-  });
-}
-
-bool TellsOfLoss(const odbc::Diagnostics& records) {
-  return std::any_of(records.begin(), records.end(), [](const odbc::DiagRecord& record) {
-    return record.state.starts_with("08") || record.state.starts_with("57P0");
   });
 }
 
@@ -90,24 +85,18 @@ CString ReasonText(RETCODE code) {
   throw new CDBException(code, error, origins);
 }
 
-constexpr const char* kHarmlessKeys[] = {"DSN", "DRIVER", "SERVER", "SERVERNAME", "PORT", "DATABASE", "UID"};
-
-// The parts of a connection string that say which data is meant. Any other part may be a secret, or the rest
-// of a password that has a semicolon in it.
-CString HarmlessParts(const CString& connect) {
-  CString shown;
-  int start = 0;
-  while (start >= 0) {
-    const CString part = connect.Tokenize(";", start);
-    CString key = part.SpanExcluding("=");
-    key.Trim();
-    const bool harmless = std::any_of(std::begin(kHarmlessKeys), std::end(kHarmlessKeys),
-                                      [&key](const char* known) { return key.CompareNoCase(known) == 0; });
-    if (!harmless) continue;
-    if (!shown.IsEmpty()) shown += ";";
-    shown += part;
+// A server that cannot be reached has no patient's values to tell, so its words are shown whole, but for the
+// password, should it be among them.
+void LogConnectFailure(const CString& connect, const odbc::Diagnostics& records) {
+  const CString password = ConnectPart(connect, "PWD");
+  const CString shown = HarmlessParts(connect);
+  if (records.empty()) klog::Error(fmt::format("cannot connect to {}", shown.View()));
+  for (const odbc::DiagRecord& record : records) {
+    CString message(record.message.c_str());
+    if (!password.IsEmpty()) message.Replace(password, "?");
+    klog::Error(fmt::format("cannot connect to {}: {} {} {}", shown.View(), record.state, record.native,
+                            message.View()));
   }
-  return shown;
 }
 
 }  // namespace
@@ -120,7 +109,10 @@ void AfxThrowDBException(RETCODE code, CDatabase* database, HSTMT statement) {
   } else if (by_driver && database != nullptr && database->Connection() != nullptr) {
     records = database->Connection()->Diagnose();
   }
-  if (by_driver && database != nullptr) database->ReleaseIfDead(TellsOfLoss(records));
+  if (by_driver && database != nullptr) {
+    if (TellsOfRollback(records)) database->DoomTransaction();
+    database->ReleaseIfDead(TellsOfLoss(records));
+  }
   Throw(code, records);
 }
 
@@ -128,14 +120,23 @@ CDatabase::CDatabase()
     : m_dwLoginTimeout(kDefaultTimeout),
       m_dwQueryTimeout(kDefaultTimeout),
       m_bReadOnly(FALSE),
-      m_bTransactionPending(FALSE) {}
+      m_bTransactionPending(FALSE),
+      m_bTransactionDoomed(FALSE) {}
 
 CDatabase::~CDatabase() { CDatabase::Close(); }
+
+// A statement may take the query time-out; the server then says so itself, for which it gets some time more.
+CString CDatabase::WithTimeouts(const CString& connect) const {
+  constexpr DWORD kTimeToAnswer = 5;
+  const DWORD silence = m_dwQueryTimeout == 0 ? 0 : m_dwQueryTimeout + kTimeToAnswer;
+  return WithSilenceLimit(WithLoginTimeout(WithoutIgnoredLogin(connect), m_dwLoginTimeout), silence);
+}
 
 const CRuntimeClass* CDatabase::GetRuntimeClass() const { return &kClassCDatabase; }
 
 BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
   Close();
+  odbc::SetPatience(m_dwQueryTimeout);
   CString text(connect);
   if (text.Left(5).CompareNoCase(kPrefix) == 0) text = text.Mid(5);
   auto connection = std::make_unique<odbc::Connection>();
@@ -146,15 +147,17 @@ BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
   if (m_bReadOnly) connection->SetAccessReadOnly();
   // A data source without a name would be the driver manager's default one: nobody asked for that.
   if (text.IsEmpty()) AfxThrowDBException(AFX_SQL_ERROR_CONNECT_FAIL, nullptr, SQL_NULL_HSTMT);
-  if (!odbc::Succeeded(connection->Connect(text))) {
+  if (!odbc::Succeeded(connection->Connect(WithTimeouts(text)))) {
     const odbc::Diagnostics records = connection->Diagnose();
+    LogConnectFailure(text, records);
     Throw(IsConnectFailure(records) ? AFX_SQL_ERROR_CONNECT_FAIL : RETCODE{SQL_ERROR}, records);
   }
-  m_facts = std::make_unique<DriverFacts>(ReadFacts(*connection));
+  m_facts = std::make_unique<DriverFacts>(ReadFacts(*connection, AsksForFoundRows(text)));
   m_connection = std::move(connection);
+  m_statements = std::make_unique<KeptStatements>(*m_connection, QueryTimeout());
   m_strConnect = HarmlessParts(text);
-  klog::Info(fmt::format("connected: {}; database system {}, procedures {}, transactions {}",
-                         m_strConnect.View(), m_facts->dbms, m_facts->procedures, m_facts->transactions));
+  klog::Info(fmt::format("connected to {}: {}", m_strConnect.View(), Describe(*m_facts)));
+  if (!m_facts->static_cursors) klog::Warn("the driver has no static cursors: tables cannot be browsed");
   PrepareSession();
   return TRUE;
 }
@@ -163,16 +166,18 @@ BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
 // escape would let texts break out of their quotes: such a connection is refused.
 void CDatabase::PrepareSession() {
   const char* setup = SessionSetup(*m_facts);
-  if (setup == nullptr) return;
+  if (SessionProof(*m_facts) == nullptr) return;
   try {
-    ExecuteSQL(setup);
+    if (setup != nullptr) ExecuteSQL(setup);
     CRecordset proof(this);
     proof.Open(CRecordset::snapshot, SessionProof(*m_facts), CRecordset::readOnly);
     CDBVariant length;
     proof.GetFieldValue(short{0}, length, SQL_C_SLONG);
     constexpr LONG kCharactersOfProof = 3;
-    if (length.m_lVal == kCharactersOfProof) return;
-  } catch (CDBException*) {
+    if (length.m_lVal == kCharactersOfProof) return LimitStatements();
+  } catch (CDBException* exception) {
+    klog::Error(fmt::format("connection to {} refused: {} ({})", m_strConnect.View(),
+                            exception->m_strError.View(), exception->m_strStateNativeOrigin.View()));
     Close();
     throw;
   }
@@ -181,10 +186,19 @@ void CDatabase::PrepareSession() {
   AfxThrowDBException(SQL_ERROR, nullptr, SQL_NULL_HSTMT);
 }
 
+// One driver does not pass the query time-out on, another asks the server for it around every statement. Both
+// servers keep one by themselves.
+void CDatabase::LimitStatements() {
+  if (m_dwQueryTimeout == 0) return;
+  const CString limit = StatementLimit(*m_facts, m_dwQueryTimeout);
+  if (!limit.IsEmpty()) ExecuteSQL(limit);
+}
+
 void CDatabase::Close() {
   EndSets();
+  m_statements.reset();
   m_connection.reset();
-  m_bTransactionPending = FALSE;
+  m_bTransactionPending = m_bTransactionDoomed = FALSE;
 }
 
 void CDatabase::EndSets() {
@@ -195,13 +209,37 @@ void CDatabase::EndSets() {
 BOOL CDatabase::IsOpen() const { return m_connection != nullptr; }
 
 void CDatabase::SetLoginTimeout(DWORD seconds) { m_dwLoginTimeout = seconds; }
-void CDatabase::SetQueryTimeout(DWORD seconds) { m_dwQueryTimeout = seconds; }
+
+void CDatabase::SetQueryTimeout(DWORD seconds) {
+  if (seconds == m_dwQueryTimeout) return;
+  m_dwQueryTimeout = seconds;
+  odbc::SetPatience(seconds);
+  if (m_connection == nullptr) return;
+  m_statements->SetQueryTimeout(QueryTimeout());
+  const CString limit = StatementLimit(*m_facts, seconds);
+  if (limit.IsEmpty()) return;
+  try {
+    ExecuteSQL(limit);
+  } catch (CDBException* exception) {
+    klog::Warn("the server does not take the new query time-out: the one before stays");
+    exception->Delete();
+  }
+}
+
+DWORD CDatabase::QueryTimeout() const {
+  return m_facts != nullptr && LimitsItself(*m_facts) ? 0 : m_dwQueryTimeout;
+}
+
+bool CDatabase::KeepsStatements() const { return TakesValuesApart(*m_facts); }
+
+const char* CDatabase::FirstRowOnly() const { return ::FirstRowOnly(*m_facts); }
 
 void CDatabase::ExecuteSQL(const char* sql) {
   if (m_connection == nullptr) AfxThrowDBException(SQL_ERROR, this, SQL_NULL_HSTMT);
   odbc::Statement statement(*m_connection);
   if (statement.Handle() == SQL_NULL_HSTMT) AfxThrowDBException(SQL_ERROR, this, SQL_NULL_HSTMT);
-  statement.AskForQueryTimeout(m_dwQueryTimeout);
+  statement.AskForQueryTimeout(QueryTimeout());
+  CountChange();
   RETCODE code = statement.ExecuteDirect(AdaptSQL(sql));
   while (odbc::Succeeded(code)) code = statement.MoreResults();
   if (code != SQL_NO_DATA) AfxThrowDBException(code, this, statement.Handle());
@@ -213,46 +251,15 @@ CString CDatabase::GetDatabaseName() const {
 
 CString CDatabase::GetConnect() const { return m_strConnect; }
 
+CString CDatabase::DescribeDriver() const {
+  return m_connection == nullptr ? CString() : CString(Describe(*m_facts));
+}
+
 BOOL CDatabase::CanUpdate() const { return m_connection != nullptr && !m_bReadOnly; }
 
 BOOL CDatabase::CanTransact() const { return m_connection != nullptr && m_facts->transactions; }
 
-BOOL CDatabase::BeginTrans() {
-  if (!CanTransact() || m_bTransactionPending) return FALSE;
-  if (!odbc::Succeeded(m_connection->SetAutocommit(false))) return FailTransaction();
-  m_bTransactionPending = TRUE;
-  return TRUE;
-}
-
-BOOL CDatabase::CommitTrans() { return EndTrans(true); }
-BOOL CDatabase::Rollback() { return EndTrans(false); }
-
-BOOL CDatabase::EndTrans(bool commit) {
-  if (m_connection == nullptr || !m_bTransactionPending) return FALSE;
-  // A failed end leaves the transaction pending, so that the caller may still roll it back.
-  if (!odbc::Succeeded(m_connection->EndTransaction(commit))) return FailTransaction();
-  m_bTransactionPending = FALSE;
-  // A connection that stayed in the transaction would lose every later change: it is given up.
-  if (!odbc::Succeeded(m_connection->SetAutocommit(true))) {
-    LogTransactionFailure();
-    ReleaseIfDead(true);
-  }
-  return TRUE;
-}
-
-bool CDatabase::LogTransactionFailure() const {
-  const odbc::Diagnostics records = m_connection->Diagnose();
-  for (const odbc::DiagRecord& record : records) {
-    klog::Error(fmt::format("transaction: {} {} {}", record.state, record.native,
-                            klog::MaskedMessage(record.state, record.message)));
-  }
-  return TellsOfLoss(records);
-}
-
-BOOL CDatabase::FailTransaction() {
-  ReleaseIfDead(LogTransactionFailure());
-  return FALSE;
-}
+bool CDatabase::CountsDeletes() const { return m_facts != nullptr && m_facts->delete_counts; }
 
 CString CDatabase::AdaptSQL(const char* sql) const {
   return m_facts == nullptr ? CString(sql) : AdaptCall(sql, *m_facts);
@@ -262,8 +269,9 @@ void CDatabase::ReleaseIfDead(bool told) {
   if (m_connection == nullptr || !(told || m_connection->IsDead())) return;
   klog::Warn("the connection is lost and released");
   EndSets();
+  m_statements.reset();
   m_connection.reset();
-  m_bTransactionPending = FALSE;
+  m_bTransactionPending = m_bTransactionDoomed = FALSE;
 }
 
 void CDatabase::Attach(CRecordset* set) { m_sets.push_back(set); }

@@ -10,6 +10,7 @@
 #include "types.h"
 
 class CRecordset;
+class KeptStatements;
 struct DriverFacts;
 namespace odbc {
 class Connection;
@@ -47,7 +48,10 @@ class KYODBC_API CDatabase : public CObject {
   BOOL IsOpen() const;
 
   void SetLoginTimeout(DWORD seconds);  // before OpenEx; default 15
-  void SetQueryTimeout(DWORD seconds);  // for statements made afterwards; default 15, 0 waits for ever
+  // For statements made afterwards; default 15, 0 waits for as long as the server does. What is set before
+  // OpenEx also limits, by 5 seconds more, how long a call waits for a server that has fallen silent, where
+  // the driver can do that.
+  void SetQueryTimeout(DWORD seconds);
 
   // Runs a statement; result rows are read and dropped. Throws CDBException.
   void ExecuteSQL(const char* sql);
@@ -58,11 +62,17 @@ class KYODBC_API CDatabase : public CObject {
   // database, user. Passwords and whatever else a string may hold are left out.
   CString GetConnect() const;
 
+  // What was found out about database system and driver at connect, on one line, set apart by "; "; empty
+  // when there is no connection.
+  CString DescribeDriver() const;
+
   BOOL CanUpdate() const;
   BOOL CanTransact() const;  // the data source supports transactions
 
   // One level. Nonzero on success. 0 when a transaction is already pending (begin) or none is (the
-  // others), or when the driver refuses; nothing has changed then.
+  // others), or when the driver refuses; nothing has changed then. A commit also gives 0, and rolls back,
+  // when a statement of the transaction failed because of others' transactions (a deadlock, for one), or in
+  // a way after which the driver has undone the transaction.
   BOOL BeginTrans();
   BOOL CommitTrans();
   BOOL Rollback();
@@ -71,21 +81,41 @@ class KYODBC_API CDatabase : public CObject {
 
   // Adapts a statement to what the data source can take of it; see dialect.h.
   CString AdaptSQL(const char* sql) const;
-  DWORD QueryTimeout() const { return m_dwQueryTimeout; }
+  DWORD QueryTimeout() const;  // to ask the driver for; 0: nothing need be asked
+  KeptStatements& Statements() const { return *m_statements; }  // only while open
+  bool KeepsStatements() const;
+  // What limits an ordered query to its first row; empty where that is not known.
+  const char* FirstRowOnly() const;
+  // Goes up with every statement of this connection that may have changed rows, and with the end of a
+  // transaction: what was read ahead before is out of date then.
+  unsigned ChangeCount() const { return m_changes; }
+  void CountChange() { ++m_changes; }
+  BOOL InTransaction() const { return m_bTransactionPending; }
+  bool CountsDeletes() const;  // a delete that says it found no row is right
   odbc::Connection* Connection() const { return m_connection.get(); }
   // Releases the connection when it died: when the failure of a statement told so, or the driver says so.
   void ReleaseIfDead(bool told);
+  // The pending transaction, if any, must not be committed any more.
+  void DoomTransaction();
   void Attach(CRecordset* set);
   void Detach(CRecordset* set);
 
  private:
   void EndSets();
+  CString WithTimeouts(const CString& connect) const;
   void PrepareSession();
+  void LimitStatements();
   BOOL EndTrans(bool commit);
+  bool BeginByStatement(const char* begin);
+  bool BeginByAttribute();
+  void TryRollback();
+  BOOL EndByStatement(bool commit);
+  bool RunTransactionStatement(const char* sql);
   bool LogTransactionFailure() const;  // true when the failure tells of a lost connection
   BOOL FailTransaction();
 
   std::unique_ptr<odbc::Connection> m_connection;  // null while closed
+  std::unique_ptr<KeptStatements> m_statements;    // of that connection
   std::unique_ptr<DriverFacts> m_facts;            // of the last connection
   std::vector<CRecordset*> m_sets;                 // open record sets on this connection
   CString m_strConnect;
@@ -93,6 +123,8 @@ class KYODBC_API CDatabase : public CObject {
   DWORD m_dwQueryTimeout;
   BOOL m_bReadOnly;
   BOOL m_bTransactionPending;
+  unsigned m_changes = 0;
+  BOOL m_bTransactionDoomed;  // the server has refused a part of it: it can only be rolled back
 };
 
 #endif

@@ -1,7 +1,11 @@
 #include "platform/crecordset.h"
 
+#include <cstdlib>
+
 #include "platform/buffered_rows.h"
 #include "platform/dialect.h"
+#include "platform/kept_statements.h"
+#include "platform/keyed_rows.h"
 #include "platform/row_fields.h"
 #include "platform/static_cursor.h"
 
@@ -11,11 +15,7 @@ constexpr const char* kFrom = " FROM ";
 constexpr const char* kWhere = " WHERE ";
 constexpr const char* kOrderBy = " ORDER BY ";
 
-std::unique_ptr<RowSource> MakeRowSource(const CDatabase& database, bool call) {
-  odbc::Connection& connection = *database.Connection();
-  if (call) return std::make_unique<BufferedRows>(connection, database.QueryTimeout());
-  return std::make_unique<StaticCursor>(connection, database.QueryTimeout());
-}
+constexpr const char* kNoRows = "1 = 2";  // as sets that are opened to add a row have it
 
 // The name in a FROM list of exactly one table without an alias; else empty.
 CString SingleTable(const CString& from) {
@@ -58,6 +58,8 @@ CRecordset::CRecordset(CDatabase* database)
       m_fields(std::make_unique<RowFields>()),
       m_pOpenDatabase(nullptr),
       m_pRowKey(nullptr),
+      m_query(std::make_unique<RowQuery>()),
+      m_holding(wholeRows),
       m_mode(noMode),
       m_bDeleted(FALSE),
       m_lKeyLoaded(0) {}
@@ -90,10 +92,20 @@ BOOL CRecordset::Check(RETCODE code) const {
 
 void CRecordset::ThrowDBException(RETCODE code, HSTMT statement) {
   AfxThrowDBException(code, m_pOpenDatabase != nullptr ? m_pOpenDatabase : m_pDatabase,
-                      statement == SQL_NULL_HSTMT ? m_hstmt : statement);
+                      statement == SQL_NULL_HSTMT && m_rows != nullptr ? m_rows->Handle() : statement);
 }
 
-BOOL CRecordset::IsOpen() const { return m_hstmt != SQL_NULL_HSTMT; }
+const CString& CRecordset::GetSQL() const { return m_query->sql; }
+
+// To find out whether a fault has to do with the ways of holding rows, all sets can be made to do without.
+void CRecordset::HoldRows(Holding holding, const CString& join) {
+  static const bool plainly = std::getenv("KYODBC_PLAIN_STATEMENTS") != nullptr;
+  if (plainly) return;
+  m_holding = holding;
+  m_strJoin = join;
+}
+
+BOOL CRecordset::IsOpen() const { return m_rows != nullptr; }
 BOOL CRecordset::IsDeleted() const { return m_bDeleted; }
 
 bool CRecordset::ConnectDatabase() {
@@ -114,13 +126,45 @@ void CRecordset::TakeSource(const CString& source) {
   }
 }
 
-CString CRecordset::BuildSQL() const {
-  if (IsCall(m_strSource)) return m_pOpenDatabase->AdaptSQL(m_strSource);
-  CString sql =
-      IsSelect(m_strSource) ? m_strSource : "SELECT " + m_fields->SelectList() + kFrom + m_strSource;
-  if (!m_strFilter.IsEmpty()) sql += kWhere + m_strFilter;
-  if (!m_strSort.IsEmpty()) sql += kOrderBy + m_strSort;
-  return sql;
+void CRecordset::BuildQuery() {
+  RowQuery query;
+  query.direct = (m_dwOptions & executeDirect) != 0;
+  if (IsCall(m_strSource)) {
+    query.sql = m_pOpenDatabase->AdaptSQL(m_strSource);
+  } else {
+    query.select =
+        IsSelect(m_strSource) ? m_strSource : "SELECT " + m_fields->SelectList() + kFrom + m_strSource;
+    // A SELECT given whole may have its condition in it.
+    const int where = IsSelect(m_strSource) ? query.select.Find(kWhere) : -1;
+    if (where >= 0) {
+      query.condition = PadYears(query.select.Mid(where));
+      query.select = query.select.Left(where);
+    }
+    if (!m_strFilter.IsEmpty()) query.condition += PadYears(kWhere + m_strFilter);
+    if (!m_strSort.IsEmpty()) query.order = kOrderBy + m_strSort;
+    query.sql = query.select + query.condition + query.order;
+  }
+  if (const Field* key = m_fields->Find(m_pRowKey)) query.key = key->name;
+  query.tables = m_strSource;
+  query.join = m_strJoin;
+  *m_query = std::move(query);
+}
+
+// Before the query runs, since that is what decides which rows there are.
+void CRecordset::MakeRowSource() {
+  odbc::Connection& connection = *m_pOpenDatabase->Connection();
+  const Field* key = m_fields->Find(m_pRowKey);
+  if (IsCall(m_strSource)) {
+    m_rows = std::make_unique<BufferedRows>(connection, m_pOpenDatabase->QueryTimeout());
+  } else if (m_holding == wholeRows || (m_dwOptions & executeDirect) != 0) {
+    m_rows = std::make_unique<StaticCursor>(connection, m_pOpenDatabase->QueryTimeout());
+  } else if (m_holding == keysOnly && m_nOpenTypeInUse == dynaset && key != nullptr &&
+             !IsSelect(m_strSource)) {
+    const auto column = static_cast<std::size_t>(key - m_fields->All().data());
+    m_rows = std::make_unique<KeyedRows>(*m_pOpenDatabase, column);
+  } else {
+    m_rows = std::make_unique<StaticCursor>(m_pOpenDatabase->Statements());
+  }
 }
 
 BOOL CRecordset::Open(UINT open_type, const char* sql, DWORD options) {
@@ -130,6 +174,7 @@ BOOL CRecordset::Open(UINT open_type, const char* sql, DWORD options) {
     ThrowDBException(AFX_SQL_ERROR_DYNASET_NOT_SUPPORTED);
   }
   if (!ConnectDatabase()) return FALSE;
+  if (!m_pDatabase->KeepsStatements()) m_holding = wholeRows;
   m_dwOptions = options;
   TakeSource(sql != nullptr ? CString(sql) : GetDefaultSQL());
   CFieldExchange describe(CFieldExchange::kDescribe, this);
@@ -143,12 +188,14 @@ BOOL CRecordset::Open(UINT open_type, const char* sql, DWORD options) {
   m_bAppendable = writable;
   m_bUpdatable = writable && (options & appendOnly) == 0;
   try {
-    m_rows = MakeRowSource(*m_pDatabase, IsCall(m_strSource));
     m_pOpenDatabase = m_pDatabase;
+    MakeRowSource();
     m_pOpenDatabase->Attach(this);
-    m_hstmt = m_rows->Statement().Handle();
-    if (m_hstmt == SQL_NULL_HSTMT) ThrowDBException(SQL_ERROR);
-    OnSetOptions(m_hstmt);
+    m_hstmt = m_rows->Handle();
+    if (m_holding == wholeRows || IsCall(m_strSource)) {
+      if (m_hstmt == SQL_NULL_HSTMT) ThrowDBException(SQL_ERROR);
+      OnSetOptions(m_hstmt);
+    }
     PreBindFields();
     Execute();
   } catch (...) {
@@ -159,21 +206,54 @@ BOOL CRecordset::Open(UINT open_type, const char* sql, DWORD options) {
 }
 
 void CRecordset::Execute() {
-  m_strSQL = BuildSQL();
+  BuildQuery();
   m_fields->ForgetEdits();
   m_lRecordCount = 0;
   m_bEOFSeen = FALSE;
   m_bDeleted = FALSE;
-  const bool direct = (m_dwOptions & executeDirect) != 0;
-  const RETCODE code =
-      m_rows->Execute(m_strSQL, direct ? RowSource::Run::kDirect : RowSource::Run::kPrepared);
-  if (!odbc::Succeeded(code)) ThrowDBException(code);
+  RunQuery();
+  if (!m_rows->CanHold()) {
+    m_rows = std::make_unique<StaticCursor>(m_pOpenDatabase->Statements());
+    RunQuery();
+  }
   DescribeColumns();
   StandOnFirst();
 }
 
+void CRecordset::RunQuery() {
+  // Of a set that is opened to add a row, the database need not be asked which rows it has.
+  if (m_holding != wholeRows && m_strFilter == kNoRows && !m_query->select.IsEmpty() &&
+      m_pOpenDatabase->Statements().FindShape(m_query->select) != nullptr) {
+    m_rows->ExecuteNothing();
+    return;
+  }
+  const RETCODE code = m_rows->Execute(*m_query);
+  m_hstmt = m_rows->Handle();
+  if (!odbc::Succeeded(code)) ThrowDBException(code);
+}
+
 // After the execution, when the drivers know the columns without asking the server again.
 void CRecordset::DescribeColumns() {
+  const bool known_to_others = m_holding != wholeRows && !m_query->select.IsEmpty();
+  KeptStatements& statements = m_pOpenDatabase->Statements();
+  const ColumnShape* shape = known_to_others ? statements.FindShape(m_query->select) : nullptr;
+  if (shape != nullptr) {
+    m_nResultCols = shape->columns;
+    for (std::size_t i = 0; i < m_fields->Count(); ++i) m_fields->At(i).column = shape->fields[i];
+  } else {
+    DescribeResult();
+    if (known_to_others) {
+      ColumnShape found{m_nResultCols, {}};
+      for (const Field& field : m_fields->All()) found.fields.push_back(field.column);
+      statements.KeepShape(m_query->select, std::move(found));
+    }
+  }
+  const RETCODE code = m_fields->Bind(*m_rows);
+  if (!odbc::Succeeded(code)) ThrowDBException(code);
+  if (m_fields->AllAreBuffered(m_nResultCols)) m_rows->EveryColumnIsBound();
+}
+
+void CRecordset::DescribeResult() {
   RETCODE code = m_rows->ColumnCount(&m_nResultCols);
   if (!odbc::Succeeded(code)) ThrowDBException(code);
   if (static_cast<std::size_t>(m_nResultCols) < m_fields->Count())
@@ -183,8 +263,6 @@ void CRecordset::DescribeColumns() {
     code = m_rows->DescribeColumn(++column, &field.column);
     if (!odbc::Succeeded(code)) ThrowDBException(code);
   }
-  code = m_fields->Bind(*m_rows);
-  if (!odbc::Succeeded(code)) ThrowDBException(code);
 }
 
 void CRecordset::StandOnFirst() {

@@ -3,7 +3,8 @@
 // Rows are counted from 0 in m_lCurrentRecord and from 1 in positions. Dynaset and snapshot are the same
 // here: a static read-only cursor, positioned by SQLExtendedFetch only. Changes are searched statements
 // of the changed fields, found by the row key. Rows deleted through the set vanish from it; its other
-// rows keep what they showed when the set was executed, except for the set's own edits.
+// rows keep what they showed when the set was executed, except for the set's own edits. The library's own
+// browse sets hold a dynaset's rows by key instead: a row shows what it holds when it is visited.
 #ifndef KYODBC_PLATFORM_CRECORDSET_H
 #define KYODBC_PLATFORM_CRECORDSET_H
 
@@ -36,6 +37,7 @@ class Statement;
 struct FieldValue;
 class RowFields;  // the bound columns: buffers, flags, saved values
 class RowSource;  // how rows are reached: execute, position, count
+struct RowQuery;
 
 class KYODBC_API CRecordset : public CObject {
  public:
@@ -113,7 +115,7 @@ class KYODBC_API CRecordset : public CObject {
   void SetAbsolutePosition(LONG row) { Move(row, SQL_FETCH_ABSOLUTE); }
   void GetStatus(CRecordsetStatus& status) const;
   LONG GetRecordCount() const { return m_lRecordCount; }          // rows seen so far
-  const CString& GetSQL() const { return m_strSQL; }              // the statement in use
+  const CString& GetSQL() const;                                  // the statement in use
   const CString& GetTableName() const { return m_strTableName; }  // empty unless the source is one table
 
   // All 0 on a closed set.
@@ -158,6 +160,21 @@ class KYODBC_API CRecordset : public CObject {
   // SQL_INVALID_HANDLE on a closed set.
   RETCODE ExtendedFetch(WORD fetch_type, SQLLEN row);
   void Fixups();
+  // How the rows of a result are held. All but the first run on statements that the connection keeps
+  // prepared, so that OnSetOptions and OnSetUpdateOptions are not asked.
+  enum Holding {
+    wholeRows,  // by the driver, in a statement of the set's own
+    fewRows,    // by the driver: sets that look for a row and end
+    keysOnly,   // by key, each row read when it is visited; a snapshot, or a result without keys, as fewRows
+  };
+  // Before Open. `join`: what besides the key makes one row of several tables, for keysOnly; empty for one.
+  void HoldRows(Holding holding, const CString& join = CString());
+  Holding Held() const { return m_holding; }
+  // The position of the row whose key is `key`, 0 for none; -1 when only reading the rows can tell.
+  LONG FindKey(LONG key) const;
+  // The result had a row at this position, but it has been deleted since, not through this set.
+  bool IsGone(LONG position) const;
+
   // Names the member that holds the row key. Changes find their row by the key as fetched; without one
   // they compare all bound columns.
   void SetRowKey(const LONG* member) { m_pRowKey = member; }
@@ -182,9 +199,12 @@ class KYODBC_API CRecordset : public CObject {
 
   bool ConnectDatabase();
   void TakeSource(const CString& source);
-  CString BuildSQL() const;
+  void BuildQuery();
+  void MakeRowSource();
   void Execute();
+  void RunQuery();
   void DescribeColumns();
+  void DescribeResult();
   void StandOnFirst();
   void SettleRow();
   void SettleEnd(WORD fetch_type);
@@ -196,7 +216,9 @@ class KYODBC_API CRecordset : public CObject {
   LONG CountRows(bool written);
   CString RowCondition(bool written, std::vector<odbc::Parameter>& parameters) const;
   bool IsView() const;
+  void RequireRowToDelete();
   SQLLEN RunChange(const CString& sql, std::vector<odbc::Parameter>& parameters);
+  SQLLEN CountChanged(RETCODE code, odbc::Statement& statement);
   void BindParameters(odbc::Statement& statement, std::vector<odbc::Parameter>& parameters);
   short ColumnIndex(const char* name);
   void RequireColumn(short index);
@@ -212,7 +234,9 @@ class KYODBC_API CRecordset : public CObject {
   CDatabase* m_pOpenDatabase;                // the set is open on it; null while closed
   const LONG* m_pRowKey;
   CString m_strSource;  // FROM list, SELECT or call
-  CString m_strSQL;
+  std::unique_ptr<RowQuery> m_query;
+  Holding m_holding;
+  CString m_strJoin;
   CString m_strTableName;
   EditMode m_mode;
   BOOL m_bDeleted;                   // the current row was deleted and no move followed

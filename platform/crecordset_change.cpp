@@ -1,5 +1,6 @@
 // Adding, editing and deleting single rows by searched statements.
 #include "platform/crecordset.h"
+#include "platform/kept_statements.h"
 #include "platform/log.h"
 #include "platform/row_fields.h"
 #include "platform/row_source.h"
@@ -87,7 +88,8 @@ void CRecordset::UpdateRow() {
     parameters.push_back(m_fields->MakeParameter(field, m_fields->Written(field)));
   }
   ChangeRow("UPDATE " + m_strTableName + " SET " + assignments, parameters, false);
-  m_fields->RememberEdit(m_rows->RowIdentity());
+  const LONG key = m_pRowKey != nullptr ? *m_pRowKey : 0;
+  m_fields->RememberEdit(m_rows->RowIdentity(), !m_rows->TakeChange(key));
   if (m_pRowKey != nullptr) m_lKeyLoaded = *m_pRowKey;
 }
 
@@ -109,13 +111,21 @@ void CRecordset::ChangeRow(const CString& sql, std::vector<odbc::Parameter>& par
   const CString condition = RowCondition(false, parameters);
   // Nothing that the set holds tells this row from others.
   if (condition.IsEmpty()) ThrowDBException(AFX_SQL_ERROR_RECORDSET_READONLY);
+  if (deleting) RequireRowToDelete();
   const SQLLEN changed = RunChange(sql + Where(condition), parameters);
   if (changed == 1) return;
   const LONG there = changed > 1 ? kSeveral : CountRows(false);
   if (there > 1) ThrowDBException(AFX_SQL_ERROR_MULTIPLE_ROWS_AFFECTED);
   if (there == 1 && !deleting) return;
   // The row is not to be found as it was. Of a table that means that it was gone before.
-  if (there == 0 && (changed < 0 || IsView()) && (deleting || CountRows(true) == 1)) return;
+  const bool uncounted = changed < 0 || (!(deleting && m_pOpenDatabase->CountsDeletes()) && IsView());
+  if (there == 0 && uncounted && (deleting || CountRows(true) == 1)) return;
+  ThrowDBException(AFX_SQL_ERROR_NO_ROWS_AFFECTED);
+}
+
+// Afterwards nobody could tell a row that was deleted through a view with triggers from one that was gone.
+void CRecordset::RequireRowToDelete() {
+  if (m_pOpenDatabase->CountsDeletes() || !IsView() || CountRows(false) != 0) return;
   ThrowDBException(AFX_SQL_ERROR_NO_ROWS_AFFECTED);
 }
 
@@ -150,12 +160,25 @@ bool CRecordset::IsView() const {
 
 // The number of rows changed, as the driver tells it; negative when it cannot.
 SQLLEN CRecordset::RunChange(const CString& sql, std::vector<odbc::Parameter>& parameters) {
+  m_pOpenDatabase->CountChange();
+  if (m_holding != wholeRows) {
+    KeptStatements& statements = m_pOpenDatabase->Statements();
+    const MarkedSQL marked = {sql, std::move(parameters)};
+    std::unique_ptr<KeptStatement> kept = statements.Take(marked, KeptStatements::Cursor::kNone);
+    const RETCODE code = statements.Run(marked, KeptStatements::Cursor::kNone, &kept);
+    const SQLLEN changed = CountChanged(code, kept->statement);
+    statements.GiveBack(std::move(kept));
+    return changed;
+  }
   odbc::Statement statement(*m_pOpenDatabase->Connection());
   if (statement.Handle() == SQL_NULL_HSTMT) AfxThrowDBException(SQL_ERROR, m_pOpenDatabase, SQL_NULL_HSTMT);
   statement.AskForQueryTimeout(m_pOpenDatabase->QueryTimeout());
   OnSetUpdateOptions(statement.Handle());
   BindParameters(statement, parameters);
-  const RETCODE code = statement.ExecuteDirect(sql);
+  return CountChanged(statement.ExecuteDirect(sql), statement);
+}
+
+SQLLEN CRecordset::CountChanged(RETCODE code, odbc::Statement& statement) {
   if (code == SQL_NO_DATA) return 0;
   if (!odbc::Succeeded(code)) ThrowDBException(code, statement.Handle());
   SQLLEN changed = -1;

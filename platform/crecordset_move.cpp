@@ -12,6 +12,12 @@ RETCODE CRecordset::ExtendedFetch(WORD fetch_type, SQLLEN row) {
   return m_rows->Fetch(fetch_type, row);
 }
 
+LONG CRecordset::FindKey(LONG key) const {
+  return m_rows == nullptr ? 0 : static_cast<LONG>(m_rows->FindKey(key));
+}
+
+bool CRecordset::IsGone(LONG position) const { return m_rows != nullptr && m_rows->HasPlace(position); }
+
 void CRecordset::Fixups() {
   if (m_rows == nullptr) return;
   m_bDeleted = FALSE;

@@ -1,11 +1,19 @@
 #include "platform/dialect.h"
 
+#include <algorithm>
 #include <cctype>
+#include <optional>
+
+#include <fmt/format.h>
 
 namespace {
 
+constexpr const char* kSQLite = "SQLite";
 constexpr const char* kPostgreSQL = "PostgreSQL";
 constexpr const char* kMariaDB = "MariaDB";
+// PostgreSQL's driver sends the savepoint of a statement together with it. Of a text that is no SQL nothing
+// runs, so that the driver can only roll the whole transaction back, and does so.
+constexpr const char* kNotEvenSql = "42601";
 constexpr const char* kMySQL = "MySQL";  // how one driver introduces the same kind of server
 
 bool BeginsWith(const CString& sql, const char* word) {
@@ -13,6 +21,40 @@ bool BeginsWith(const CString& sql, const char* word) {
 }
 
 bool IsMariaDB(const DriverFacts& facts) { return facts.dbms == kMariaDB || facts.dbms == kMySQL; }
+
+struct NamedCase {
+  SQLUSMALLINT told;
+  NameCase names;
+  const char* text;
+};
+
+constexpr NamedCase kCases[] = {
+    {SQL_IC_UPPER,     NameCase::kUpper,     "kept in upper case"    },
+    {SQL_IC_LOWER,     NameCase::kLower,     "kept in lower case"    },
+    {SQL_IC_SENSITIVE, NameCase::kSensitive, "told apart by case"    },
+    {SQL_IC_MIXED,     NameCase::kMixed,     "kept as they are given"},
+};
+
+NameCase CaseFrom(SQLUSMALLINT told) {
+  for (const NamedCase& named : kCases) {
+    if (named.told == told) return named.names;
+  }
+  return DriverFacts().names;
+}
+
+const char* CaseText(NameCase names) {
+  for (const NamedCase& named : kCases) {
+    if (named.names == names) return named.text;
+  }
+  return "";
+}
+
+std::string Versioned(const std::string& name, const std::string& version) {
+  if (name.empty()) return "unknown";
+  return version.empty() ? name : name + " " + version;
+}
+
+const char* YesNo(bool yes) { return yes ? "yes" : "no"; }
 
 // The name called, without parentheses; empty when the call has arguments.
 CString CalledName(const CString& call) {
@@ -31,12 +73,30 @@ CString CalledName(const CString& call) {
 
 }  // namespace
 
-DriverFacts ReadFacts(const odbc::Connection& connection) {
+DriverFacts ReadFacts(const odbc::Connection& connection, bool found_rows) {
   DriverFacts facts;
   facts.dbms = connection.InfoText(SQL_DBMS_NAME);
+  facts.dbms_version = connection.InfoText(SQL_DBMS_VER);
+  facts.driver = connection.InfoText(SQL_DRIVER_NAME);
+  facts.driver_version = connection.InfoText(SQL_DRIVER_VER);
+  const std::optional<SQLUINTEGER> cursors = connection.InfoBits(SQL_SCROLL_OPTIONS);
+  if (cursors) facts.static_cursors = (*cursors & SQL_SO_STATIC) != 0;
   facts.procedures = connection.InfoText(SQL_PROCEDURES) == "Y";
   facts.transactions = connection.InfoNumber(SQL_TXN_CAPABLE) != SQL_TC_NONE;
+  // The embedded database's driver says that case tells names apart; the database finds them in any case.
+  if (facts.dbms != kSQLite) facts.names = CaseFrom(connection.InfoNumber(SQL_IDENTIFIER_CASE));
+  facts.delete_counts = facts.dbms == kPostgreSQL || IsMariaDB(facts);
+  facts.row_counts = facts.dbms == kPostgreSQL || (IsMariaDB(facts) && found_rows);
   return facts;
+}
+
+std::string Describe(const DriverFacts& facts) {
+  return fmt::format(
+      "database system {}; driver {}; static cursors {}; procedures {}; transactions {}; names {}; "
+      "row counts {}",
+      Versioned(facts.dbms, facts.dbms_version), Versioned(facts.driver, facts.driver_version),
+      YesNo(facts.static_cursors), YesNo(facts.procedures), YesNo(facts.transactions), CaseText(facts.names),
+      facts.row_counts ? "trusted" : "checked when none");
 }
 
 bool IsSelect(const CString& sql) {
@@ -56,6 +116,21 @@ CString AdaptCall(const CString& sql, const DriverFacts& facts) {
   return sql;
 }
 
+CString PadYears(const CString& sql) {
+  std::string padded(sql.View());
+  bool in_text = false;
+  for (std::size_t i = 0; i < padded.size(); ++i) {
+    if (padded[i] != '\'') continue;
+    in_text = !in_text;
+    const std::string_view before = std::string_view(padded).substr(0, i);
+    if (!in_text || !(before.ends_with("{d ") || before.ends_with("{ts "))) continue;
+    const std::size_t year = padded.find_first_not_of(' ', i + 1);
+    if (year == std::string::npos || std::isdigit(static_cast<unsigned char>(padded[year])) == 0) continue;
+    padded.replace(i + 1, year - i - 1, year - i - 1, '0');
+  }
+  return CString(padded);
+}
+
 const char* SessionSetup(const DriverFacts& facts) {
   if (facts.dbms == kPostgreSQL) return "SET standard_conforming_strings = on";
   if (IsMariaDB(facts)) {
@@ -65,5 +140,59 @@ const char* SessionSetup(const DriverFacts& facts) {
 }
 
 const char* SessionProof(const DriverFacts& facts) {
+  if (facts.dbms == kSQLite) return "SELECT LENGTH('a\\b') FROM (SELECT COUNT(*) FROM sqlite_master)";
   return SessionSetup(facts) == nullptr ? nullptr : "SELECT CHAR_LENGTH('a\\b')";
+}
+
+const char* TransactionBegin(const DriverFacts& facts) {
+  return facts.dbms == kSQLite ? "BEGIN IMMEDIATE" : nullptr;
+}
+
+bool TakesValuesApart(const DriverFacts& facts) {
+  return facts.dbms == kSQLite || facts.dbms == kPostgreSQL || IsMariaDB(facts);
+}
+
+const char* FirstRowOnly(const DriverFacts& facts) { return TakesValuesApart(facts) ? " LIMIT 1" : ""; }
+
+CString StatementLimit(const DriverFacts& facts, DWORD seconds) {
+  constexpr DWORD kLongest = 2147483;  // in milliseconds just a number of 32 bits
+  const char* name = nullptr;
+  const char* unit = "";
+  if (facts.dbms == kMariaDB) name = "max_statement_time";
+  if (facts.dbms == kPostgreSQL) {
+    name = "statement_timeout";
+    unit = "000";
+  }
+  CString statement;
+  if (name == nullptr) return statement;
+  if (seconds == 0) {
+    statement.Format("SET SESSION %s = DEFAULT", name);
+  } else {
+    statement.Format("SET SESSION %s = %u%s", name, std::min(seconds, kLongest), unit);
+  }
+  return statement;
+}
+
+bool LimitsItself(const DriverFacts& facts) { return facts.dbms == kPostgreSQL; }
+
+bool TellsOfLoss(const odbc::Diagnostics& records) {
+  return std::any_of(records.begin(), records.end(), [](const odbc::DiagRecord& record) {
+    return record.state.starts_with("08") || record.state.starts_with("57P0");
+  });
+}
+
+bool TellsOfStaleStatement(const odbc::Diagnostics& records) {
+  constexpr SQLINTEGER kMariaDBPrepareAgain = 1615;
+  constexpr SQLINTEGER kSQLiteSchemaChanged = 17;
+  return std::any_of(records.begin(), records.end(), [](const odbc::DiagRecord& record) {
+    return record.state == "0A000" || record.state == "26000" ||
+           (record.state == "HY000" &&
+            (record.native == kMariaDBPrepareAgain || record.native == kSQLiteSchemaChanged));
+  });
+}
+
+bool TellsOfRollback(const odbc::Diagnostics& records) {
+  return std::any_of(records.begin(), records.end(), [](const odbc::DiagRecord& record) {
+    return record.state.starts_with("40") || record.state == kNotEvenSql;
+  });
 }

@@ -1,13 +1,15 @@
 #include "platform/log.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <memory>
+#include <new>
 
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/sinks/stdout_sinks.h>
 #include <spdlog/spdlog.h>
+
+#include "platform/masking.h"
+#include "platform/refusal.h"
 
 namespace klog {
 namespace {
@@ -90,54 +92,6 @@ void Write(Level level, std::string_view message) {
   log.logger->log(SpdLevel(level), "{}", message);
 }
 
-bool IsWordByte(char byte) { return std::isalnum(static_cast<unsigned char>(byte)) != 0 || byte == '_'; }
-
-// The position behind the literal that opens at `start`. A doubled quote belongs to the literal, and so does
-// a quote with a word right behind it: that is a text whose quotes were not doubled. When the quotes do not
-// even come in pairs, nobody knows where a text ends, and the rest counts as one.
-std::size_t LiteralEnd(std::string_view sql, std::size_t start) {
-  const char quote = sql[start];
-  if (std::count(sql.begin(), sql.end(), quote) % 2 != 0) return sql.size();
-  for (std::size_t at = start + 1; at < sql.size(); ++at) {
-    if (sql[at] != quote) continue;
-    if (at + 1 == sql.size()) break;
-    if (sql[at + 1] == quote) {
-      ++at;
-    } else if (!IsWordByte(sql[at + 1])) {
-      return at + 1;
-    }
-  }
-  return sql.size();
-}
-
-bool IsQuote(char byte) { return byte == '\'' || byte == '"' || byte == '`'; }
-
-bool IsLetterAt(std::string_view text, std::size_t at) {
-  return at < text.size() && std::isalpha(static_cast<unsigned char>(text[at])) != 0;
-}
-
-// Databases quote what they complain of as it stands, quotes inside and all. So everything from the first
-// quote to the last one is hidden; an apostrophe within a word ("can't") opens and closes nothing.
-std::string MaskQuoted(std::string_view message) {
-  std::size_t first = 0;
-  while (first < message.size() && !(IsQuote(message[first]) && !IsLetterAt(message, first - 1))) ++first;
-  if (first == message.size()) return std::string(message);
-  std::size_t last = message.size();
-  for (std::size_t at = first + 1; at < message.size(); ++at) {
-    if (IsQuote(message[at]) && !IsLetterAt(message, at + 1)) last = at + 1;
-  }
-  return std::string(message.substr(0, first)) + "'?'" + std::string(message.substr(last));
-}
-
-// A server's detail names a key as (column)=(value).
-std::string MaskKeyValues(const std::string& message) {
-  const std::size_t open = message.find("=(");
-  if (open == std::string::npos) return message;
-  const std::size_t close = message.rfind(')');
-  return message.substr(0, open) + "=(?)" +
-         (close > open + 1 && close != std::string::npos ? message.substr(close + 1) : std::string());
-}
-
 }  // namespace
 
 bool Enabled(Level level) { return level >= TheLog().level && TheLog().logger != nullptr; }
@@ -149,36 +103,30 @@ void Warn(std::string_view message) { Write(Level::kWarn, message); }
 void Error(std::string_view message) { Write(Level::kError, message); }
 
 std::string MaskedSQL(std::string_view sql) {
-  if (TheLog().values) return std::string(sql);
-  std::string masked;
-  std::size_t at = 0;
-  while (at < sql.size()) {
-    if (sql[at] == '\'' || sql[at] == '"') {
-      masked += "'?'";
-      at = LiteralEnd(sql, at);
-    } else if (std::isdigit(static_cast<unsigned char>(sql[at])) != 0 &&
-               (at == 0 || !IsWordByte(sql[at - 1]))) {
-      masked += '?';
-      while (at < sql.size() && (IsWordByte(sql[at]) || sql[at] == '.')) ++at;
-    } else {
-      masked += sql[at++];
-    }
-  }
-  return masked;
+  return TheLog().values ? std::string(sql) : masking::Statement(sql);
 }
 
-std::string MaskedMessage(std::string_view state, std::string_view message) {
-  const bool names_only = state == "42S02" || state == "42S22" || state == "42P01" || state == "42703";
-  if (TheLog().values || names_only) return std::string(message);
-  return MaskKeyValues(MaskQuoted(message));
+std::string MaskedMessage(std::string_view state, std::string_view message, int native) {
+  return TheLog().values ? std::string(message) : masking::Message(state, native, message);
 }
 
+namespace {
+
+void LogRefusal(const CDBException& exception, WORD code) {
+  const refusal::Origin origin = refusal::OriginOf(exception);
+  Error(fmt::format("code {}: {} ({})", code,
+                    MaskedMessage(origin.state.View(), exception.m_strError.View(), origin.native),
+                    exception.m_strStateNativeOrigin.View()));
+}
+
+}  // namespace
+
+// Called in handlers, from which nothing may be thrown any more: without memory the line is lost.
 WORD Caught(CDBException* exception, WORD code) {
-  if (Enabled(Level::kError)) {
-    const std::string origin(exception->m_strStateNativeOrigin.View());
-    const std::size_t comma = origin.find(',');
-    const std::string state = origin.size() > 6 ? origin.substr(6, comma - 6) : std::string();
-    Error(fmt::format("code {}: {} ({})", code, MaskedMessage(state, exception->m_strError.View()), origin));
+  refusal::Remember(*exception, code);
+  try {
+    if (Enabled(Level::kError)) LogRefusal(*exception, code);
+  } catch (const std::bad_alloc&) {
   }
   exception->Delete();
   return code;

@@ -24,17 +24,15 @@ void Warn(std::string_view message);
 void Error(std::string_view message);
 
 // Logs the exception (SQLSTATE, native code, message) and the code it is turned into at error level,
-// deletes it and returns the code.
+// remembers what it said (refusal.h), deletes it and returns the code.
 WORD Caught(CDBException* exception, WORD code);
 
 // One executed statement and the time it took, at debug level.
 void Statement(std::string_view sql, std::chrono::steady_clock::duration time);
 
-// `sql` with the contents of its literals and its numbers replaced by "?", unless values are asked for.
+// As masking.h hides values; nothing is hidden when they are asked for.
 std::string MaskedSQL(std::string_view sql);
-// A driver's message with everything from its first quotation to its last masked. Messages about missing
-// tables and columns (by SQLSTATE) keep their names.
-std::string MaskedMessage(std::string_view state, std::string_view message);
+std::string MaskedMessage(std::string_view state, std::string_view message, int native = 0);
 
 // Reads the environment again. For tests; the library reads it once.
 void Reconfigure();

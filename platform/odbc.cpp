@@ -1,6 +1,10 @@
 #include "platform/odbc.h"
 
+#include <odbcinst.h>
+
 #include <algorithm>
+#include <chrono>
+#include <clocale>
 #include <limits>
 #include <type_traits>
 
@@ -20,14 +24,41 @@ SQLCHAR* Text(const char* text) { return reinterpret_cast<SQLCHAR*>(const_cast<c
 // Numeric attributes travel in the pointer argument.
 SQLPOINTER Number(SQLULEN value) { return reinterpret_cast<SQLPOINTER>(value); }
 
+// Only a driver that has been asked to run in the background is "still executing". One that does so unasked
+// gets as long as a statement may take; 0 is for ever.
+DWORD the_patience_seconds = 15;
+
+// How long a call has been repeated. Looks at the clock only when a call is.
+class Patience {
+ public:
+  bool IsOver() {
+    const auto now = std::chrono::steady_clock::now();
+    if (!m_start) m_start = now;
+    return the_patience_seconds != 0 && now - *m_start > std::chrono::seconds(the_patience_seconds);
+  }
+
+ private:
+  std::optional<std::chrono::steady_clock::time_point> m_start;
+};
+
+// The driver manager refuses to free a statement that is still executing, so it is cancelled; what other
+// handles are at, nothing can end.
+template <class Handle, class... Rest>
+void Cancel(Handle handle, Rest...) {
+  if constexpr (std::is_pointer_v<Handle>) SQLCancel(handle);
+}
+
 // Makes one ODBC call: repeats it at once while the driver is still executing, and traces it.
 template <class... Parameters>
 RETCODE Call(const char* name, RETCODE (*function)(Parameters...),
              std::type_identity_t<Parameters>... arguments) {
-  RETCODE code = SQL_SUCCESS;
-  do {
+  RETCODE code = function(arguments...);
+  for (Patience patience; code == SQL_STILL_EXECUTING;) {
+    const bool over = patience.IsOver();
+    if (over) Cancel(arguments...);
     code = function(arguments...);
-  } while (code == SQL_STILL_EXECUTING);
+    if (over && code == SQL_STILL_EXECUTING) code = SQL_ERROR;
+  }
   if (klog::Enabled(klog::Level::kTrace)) klog::Trace(fmt::format("{} -> {}", name, code));
   return code;
 }
@@ -47,7 +78,36 @@ Diagnostics Diagnose(SQLSMALLINT kind, SQLHANDLE handle) {
   }
 }
 
+std::string Entry(const char* file, const char* section, const char* key) {
+  if (*section == '\0') return std::string();  // would list the sections
+  char value[kMessageSize] = {};
+  SQLGetPrivateProfileString(section, key, "", value, static_cast<int>(sizeof value), file);
+  return value;
+}
+
+// One driver sets the character type of the whole process at connect. The locale belongs to the program, and
+// no driver needs the change for texts in UTF-8.
+class KeptLocale {
+ public:
+  KeptLocale() : m_character_type(Current()) {}
+  ~KeptLocale() {
+    if (Current() != m_character_type) std::setlocale(LC_CTYPE, m_character_type.c_str());
+  }
+  KeptLocale(const KeptLocale&) = delete;
+  KeptLocale& operator=(const KeptLocale&) = delete;
+
+ private:
+  static std::string Current() { return std::setlocale(LC_CTYPE, nullptr); }
+
+  const std::string m_character_type;
+};
+
 }  // namespace
+
+void SetPatience(DWORD seconds) { the_patience_seconds = seconds; }
+
+std::string SourceEntry(const char* source, const char* key) { return Entry("odbc.ini", source, key); }
+std::string DriverEntry(const char* driver, const char* key) { return Entry("odbcinst.ini", driver, key); }
 
 Diagnostics DiagnoseStatement(SQLHSTMT statement) { return Diagnose(SQL_HANDLE_STMT, statement); }
 
@@ -63,9 +123,15 @@ Connection::~Connection() {
   // Freeing a statement takes it off the list.
   while (!m_statements.empty()) m_statements.back()->Free();
   if (m_connected) {
-    // One driver refuses to disconnect inside a transaction; without one this does nothing.
-    EndTransaction(false);
-    Call("SQLDisconnect", SQLDisconnect, m_connection);
+    // One driver refuses to disconnect inside a transaction. Without one nothing is asked of the server: it
+    // may have fallen silent.
+    if (!m_autocommit) EndTransaction(false);
+    const RETCODE code = Call("SQLDisconnect", SQLDisconnect, m_connection);
+    // A connection that was not ended keeps its locks, and can never be freed.
+    if (!Succeeded(code)) {
+      EndTransaction(false);
+      Call("SQLDisconnect", SQLDisconnect, m_connection);
+    }
   }
   if (m_connection != SQL_NULL_HDBC) Call("SQLFreeHandle", SQLFreeHandle, SQL_HANDLE_DBC, m_connection);
   if (m_environment != SQL_NULL_HENV) Call("SQLFreeHandle", SQLFreeHandle, SQL_HANDLE_ENV, m_environment);
@@ -82,6 +148,7 @@ RETCODE Connection::SetAccessReadOnly() {
 }
 
 RETCODE Connection::Connect(const char* connection_string) {
+  const KeptLocale locale;
   SQLCHAR completed[kMessageSize] = {};
   SQLSMALLINT length = 0;
   const RETCODE code =
@@ -93,8 +160,11 @@ RETCODE Connection::Connect(const char* connection_string) {
 
 RETCODE Connection::SetAutocommit(bool on) {
   const SQLULEN value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
-  return Call("SQLSetConnectAttr", SQLSetConnectAttr, m_connection, SQL_ATTR_AUTOCOMMIT, Number(value),
-              SQL_IS_UINTEGER);
+  const RETCODE code = Call("SQLSetConnectAttr", SQLSetConnectAttr, m_connection, SQL_ATTR_AUTOCOMMIT,
+                            Number(value), SQL_IS_UINTEGER);
+  // After a failure either may hold: a transaction is then reckoned with.
+  m_autocommit = on && Succeeded(code);
+  return code;
 }
 
 RETCODE Connection::EndTransaction(bool commit) {
@@ -125,6 +195,14 @@ SQLUSMALLINT Connection::InfoNumber(SQLUSMALLINT item) const {
   return Succeeded(code) ? value : SQLUSMALLINT{0};
 }
 
+std::optional<SQLUINTEGER> Connection::InfoBits(SQLUSMALLINT item) const {
+  SQLUINTEGER bits = 0;
+  SQLSMALLINT length = 0;
+  const RETCODE code = Call("SQLGetInfo", SQLGetInfo, m_connection, item, &bits,
+                            static_cast<SQLSMALLINT>(sizeof bits), &length);
+  return Succeeded(code) ? std::optional(bits) : std::nullopt;
+}
+
 std::string Connection::DatabaseName() const {
   std::string name(kMessageSize, '\0');
   SQLSMALLINT length = 0;
@@ -138,13 +216,14 @@ std::string Connection::DatabaseName() const {
 Diagnostics Connection::Diagnose() const { return odbc::Diagnose(SQL_HANDLE_DBC, m_connection); }
 
 Statement::Statement(Connection& connection) : m_connection(&connection) {
+  // First, because it takes memory: a handle that nobody knows would never be freed.
+  connection.m_statements.push_back(this);
   const RETCODE code =
       Call("SQLAllocHandle", SQLAllocHandle, SQL_HANDLE_STMT, connection.m_connection, &m_statement);
   if (!Succeeded(code)) {
     m_statement = SQL_NULL_HSTMT;
-    return;
+    connection.m_statements.pop_back();
   }
-  connection.m_statements.push_back(this);
 }
 
 Statement::~Statement() { Free(); }
@@ -166,7 +245,7 @@ void Statement::AskForStaticCursor() {
 }
 
 void Statement::AskForQueryTimeout(DWORD seconds) {
-  if (m_statement == SQL_NULL_HSTMT) return;
+  if (m_statement == SQL_NULL_HSTMT || seconds == 0) return;  // no limit is what every statement begins with
   Call("SQLSetStmtAttr", SQLSetStmtAttr, m_statement, SQL_ATTR_QUERY_TIMEOUT, Number(seconds),
        SQL_IS_UINTEGER);
 }
@@ -230,6 +309,8 @@ RETCODE Statement::BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, S
   return Call("SQLBindCol", SQLBindCol, m_statement, column, c_type, buffer, size, indicator);
 }
 
+RETCODE Statement::UnbindColumns() { return Call("SQLFreeStmt", SQLFreeStmt, m_statement, SQL_UNBIND); }
+
 RETCODE Statement::BindParameter(SQLUSMALLINT position, Parameter* parameter) {
   void* value = parameter->c_type == SQL_C_SLONG ? static_cast<void*>(&parameter->number)
                                                  : static_cast<void*>(parameter->text.data());
@@ -239,16 +320,36 @@ RETCODE Statement::BindParameter(SQLUSMALLINT position, Parameter* parameter) {
 }
 
 // Cutting a bound text is the layer's own affair: a fetch whose only information is a cut text succeeded.
-RETCODE Statement::ExtendedFetch(SQLUSMALLINT type, SQLLEN row) {
-  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
-  SQLULEN fetched = 0;
-  SQLUSMALLINT status = 0;
-  const RETCODE code = Call("SQLExtendedFetch", SQLExtendedFetch, m_statement, type, row, &fetched, &status);
+RETCODE Statement::WithoutCuts(RETCODE code) const {
   if (code != SQL_SUCCESS_WITH_INFO) return code;
   const Diagnostics records = Diagnose();
   const bool only_cut = std::all_of(records.begin(), records.end(),
                                     [](const DiagRecord& record) { return record.state == "01004"; });
   return only_cut && !records.empty() ? RETCODE{SQL_SUCCESS} : code;
+}
+
+RETCODE Statement::ExtendedFetch(SQLUSMALLINT type, SQLLEN row) {
+  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  SQLULEN fetched = 0;
+  SQLUSMALLINT status = 0;
+  return WithoutCuts(Call("SQLExtendedFetch", SQLExtendedFetch, m_statement, type, row, &fetched, &status));
+}
+
+bool Statement::AskForRows(SQLULEN rows) {
+  return Succeeded(
+      Call("SQLSetStmtAttr", SQLSetStmtAttr, m_statement, SQL_ROWSET_SIZE, Number(rows), SQL_IS_UINTEGER));
+}
+
+RETCODE Statement::FetchRows(SQLULEN rows, SQLULEN* fetched) {
+  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  *fetched = 0;
+  std::vector<SQLUSMALLINT> status(rows);
+  const RETCODE code = Call("SQLExtendedFetch", SQLExtendedFetch, m_statement, SQL_FETCH_NEXT, SQLLEN{0},
+                            fetched, status.data());
+  if (Succeeded(code) && std::find(status.begin(), status.end(), SQL_ROW_ERROR) != status.end()) {
+    return SQL_ERROR;
+  }
+  return WithoutCuts(code);
 }
 
 RETCODE Statement::GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator) {

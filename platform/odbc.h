@@ -4,6 +4,7 @@
 #ifndef KYODBC_PLATFORM_ODBC_H
 #define KYODBC_PLATFORM_ODBC_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,14 @@ using Diagnostics = std::vector<DiagRecord>;
 // Success with or without information.
 inline bool Succeeded(RETCODE code) { return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO; }
 
+// How long a call is repeated that the driver answers with "still executing"; 0 for ever, 15 at first.
+void SetPatience(DWORD seconds);
+
+// What the configuration of the driver manager says of a data source or of a driver; empty when it has no
+// such entry, or no such data source or driver.
+std::string SourceEntry(const char* source, const char* key);
+std::string DriverEntry(const char* driver, const char* key);
+
 class Statement;
 
 // An environment and a connection handle. Its statements may outlive a disconnect as empty shells.
@@ -35,12 +44,13 @@ class Connection {
   RETCODE Allocate();  // before anything else; SQL_ERROR when the driver manager has no memory
   RETCODE SetLoginTimeout(DWORD seconds);
   RETCODE SetAccessReadOnly();
-  RETCODE Connect(const char* connection_string);  // never prompts
+  RETCODE Connect(const char* connection_string);  // never prompts; leaves the process's locale as it was
   RETCODE SetAutocommit(bool on);
   RETCODE EndTransaction(bool commit);
   bool IsDead() const;                               // what the driver knows; servers are not asked
   std::string InfoText(SQLUSMALLINT item) const;     // empty when the driver cannot tell
   SQLUSMALLINT InfoNumber(SQLUSMALLINT item) const;  // 0 when the driver cannot tell
+  std::optional<SQLUINTEGER> InfoBits(SQLUSMALLINT item) const;
   std::string DatabaseName() const;
   Diagnostics Diagnose() const;
 
@@ -50,6 +60,7 @@ class Connection {
   SQLHENV m_environment = SQL_NULL_HENV;
   SQLHDBC m_connection = SQL_NULL_HDBC;
   bool m_connected = false;
+  bool m_autocommit = true;
   std::vector<Statement*> m_statements;
 };
 
@@ -91,8 +102,13 @@ class Statement {
   RETCODE ColumnCount(SWORD* count);
   RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info);
   RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator);
+  RETCODE UnbindColumns();
   RETCODE BindParameter(SQLUSMALLINT position, Parameter* parameter);
   RETCODE ExtendedFetch(SQLUSMALLINT type, SQLLEN row);
+  // Rows that a fetch brings at once, each column of them bound to an array. False when the driver refuses.
+  bool AskForRows(SQLULEN rows);
+  // Fetches the next rows, at most as many as were asked for; *fetched tells how many.
+  RETCODE FetchRows(SQLULEN rows, SQLULEN* fetched);
   RETCODE GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator);
   RETCODE RowCount(SQLLEN* count);
   SQLULEN RowNumber() const;  // of the current row; 0 when the driver cannot tell
@@ -105,6 +121,7 @@ class Statement {
 
   RETCODE Logged(const CString& sql, RETCODE (Statement::*run)());
   void Free();
+  RETCODE WithoutCuts(RETCODE code) const;
   RETCODE RunPrepared();
   RETCODE RunDirect();
 

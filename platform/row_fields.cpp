@@ -54,27 +54,58 @@ CString RowFields::SelectList() const {
   return list;
 }
 
-RETCODE RowFields::Bind(RowSource& source) {
-  std::size_t size = 0;
+// Gives every field its place in the buffer.
+std::vector<std::size_t> RowFields::LayOut(std::size_t* size) {
+  std::vector<std::size_t> layout;
+  layout.reserve(2 * m_fields.size());
+  *size = 0;
   for (Field& field : m_fields) {
     field.capacity = CapacityFor(field);
-    field.offset = size;
-    size += RoundUp(field.capacity + kSpareBytes);
+    field.offset = *size;
+    *size += RoundUp(field.capacity + kSpareBytes);
+    layout.push_back(static_cast<std::size_t>(field.kind));
+    layout.push_back(field.capacity);
     // Room for every text the buffer can give, so that moving allocates nothing.
     if (field.kind == FieldKind::kText && field.capacity != 0) {
       static_cast<CString*>(field.member)->Preallocate(field.max_length);
     }
   }
-  m_buffer = std::make_unique<char[]>(size);
+  return layout;
+}
+
+RETCODE RowFields::Bind(RowSource& source) {
+  std::size_t size = 0;
+  std::vector<std::size_t> layout = LayOut(&size);
+  m_row = source.Bound();
+  if (m_row != nullptr && m_row->layout == layout) return SQL_SUCCESS;
+  m_row = std::make_shared<RowBuffer>();
+  m_row->layout = std::move(layout);
+  m_row->bytes = std::make_unique<char[]>(size);
+  m_row->indicators.resize(m_fields.size());
+  source.BeginBinding(m_row);
   SQLUSMALLINT column = 0;
-  for (Field& field : m_fields) {
+  for (const Field& field : m_fields) {
+    SQLLEN* indicator = &m_row->indicators[column];
     ++column;
     if (field.capacity == 0) continue;
-    const RETCODE code = source.BindColumn(column, FetchType(field.kind), m_buffer.get() + field.offset,
-                                           static_cast<SQLLEN>(field.capacity), &field.indicator);
-    if (!odbc::Succeeded(code)) return code;
+    const RETCODE code = source.BindColumn(column, FetchType(field.kind), m_row->bytes.get() + field.offset,
+                                           static_cast<SQLLEN>(field.capacity), indicator);
+    if (!odbc::Succeeded(code)) {
+      source.BeginBinding(nullptr);
+      return code;
+    }
   }
   return SQL_SUCCESS;
+}
+
+SQLLEN RowFields::Indicator(const Field& field) const {
+  return m_row->indicators[static_cast<std::size_t>(&field - m_fields.data())];
+}
+
+bool RowFields::AllAreBuffered(short columns) const {
+  return m_fields.size() == static_cast<std::size_t>(columns) &&
+         std::all_of(m_fields.begin(), m_fields.end(),
+                     [](const Field& field) { return field.capacity != 0; });
 }
 
 void RowFields::LoadNull(Field& field) {
@@ -86,12 +117,12 @@ void RowFields::LoadNull(Field& field) {
 // One driver writes no zero byte when a text fills the buffer, so the length comes from the indicator.
 std::size_t RowFields::BufferedLength(const Field& field) const {
   const std::size_t most = field.capacity - 1;
-  if (field.indicator >= 0) return std::min(static_cast<std::size_t>(field.indicator), most);
-  return strnlen(m_buffer.get() + field.offset, most);
+  if (Indicator(field) >= 0) return std::min(static_cast<std::size_t>(Indicator(field)), most);
+  return strnlen(m_row->bytes.get() + field.offset, most);
 }
 
 void RowFields::LoadBuffered(Field& field) {
-  const char* source = m_buffer.get() + field.offset;
+  const char* source = m_row->bytes.get() + field.offset;
   if (field.kind == FieldKind::kText) {
     const std::size_t limit = static_cast<std::size_t>(field.max_length);
     static_cast<CString*>(field.member)
@@ -139,7 +170,7 @@ RETCODE RowFields::Load(std::size_t index, RowSource& source, SQLLEN row) {
   }
   field.null = false;
   if (field.capacity == 0) return LoadWideText(field, static_cast<SQLUSMALLINT>(index + 1), source);
-  if (field.indicator == SQL_NULL_DATA) {
+  if (Indicator(field) == SQL_NULL_DATA) {
     LoadNull(field);
   } else {
     LoadBuffered(field);
@@ -157,8 +188,8 @@ const FieldValue* RowFields::Edited(std::size_t index, SQLLEN row) const {
 
 bool RowFields::IsWholeInBuffer(const Field& field) const {
   if (field.capacity == 0) return false;
-  if (field.kind != FieldKind::kText || field.indicator == SQL_NULL_DATA) return true;
-  return field.indicator >= 0 && static_cast<std::size_t>(field.indicator) < field.capacity;
+  if (field.kind != FieldKind::kText || Indicator(field) == SQL_NULL_DATA) return true;
+  return Indicator(field) >= 0 && static_cast<std::size_t>(Indicator(field)) < field.capacity;
 }
 
 bool RowFields::Held(std::size_t index, SQLLEN row, FieldValue* value) const {
@@ -168,9 +199,9 @@ bool RowFields::Held(std::size_t index, SQLLEN row, FieldValue* value) const {
   }
   const Field& field = m_fields[index];
   if (!IsWholeInBuffer(field)) return false;
-  const char* source = m_buffer.get() + field.offset;
+  const char* source = m_row->bytes.get() + field.offset;
   *value = FieldValue();
-  value->null = field.indicator == SQL_NULL_DATA;
+  value->null = Indicator(field) == SQL_NULL_DATA;
   if (value->null) return true;
   if (field.kind == FieldKind::kText) {
     value->text.assign(source, BufferedLength(field));

@@ -24,6 +24,13 @@ struct FieldRef {
   int max_length;  // bytes of a text
 };
 
+// Where the columns of a fetched row land. A kept statement stays bound to it.
+struct RowBuffer {
+  std::vector<std::size_t> layout;  // type and bytes of each column
+  std::unique_ptr<char[]> bytes;
+  std::vector<SQLLEN> indicators;
+};
+
 struct Field {
   CString name;
   FieldKind kind = FieldKind::kLong;
@@ -33,7 +40,6 @@ struct Field {
 
   std::size_t offset = 0;    // of the value in the fetch buffer
   std::size_t capacity = 0;  // bytes there; 0: a wide text, read on demand
-  SQLLEN indicator = 0;
 
   bool null = false;        // of the row last copied into the members
   bool nulled = false;      // the caller asked for NULL
@@ -64,6 +70,8 @@ class RowFields {
   RETCODE Load(std::size_t index, RowSource& source, SQLLEN row);
   // Columns wider than the buffer are read on demand.
   bool IsBuffered(std::size_t index) const { return m_fields[index].capacity != 0; }
+  // True when the buffer holds every column of a result of `columns` columns.
+  bool AllAreBuffered(short columns) const;
   // The value that the set's own edit gave the column of the row; null when there was none.
   const FieldValue* Edited(std::size_t index, SQLLEN row) const;
   // What the row holds in the column: its own edit, or what the fetch buffer holds. False when the buffer
@@ -83,8 +91,8 @@ class RowFields {
   // Ends a pending change; the members get back what they held before it when `restore` is set.
   void End(bool restore);
 
-  // Values written to a row of the open result, shown when the row is visited again.
-  void RememberEdit(SQLLEN row);
+  // Values written to a row of the open result; `show` them when the row is visited again.
+  void RememberEdit(SQLLEN row, bool show);
   void ForgetEdits() { m_edits.clear(); }
 
   // The field bound to `member`; null when there is none.
@@ -97,11 +105,13 @@ class RowFields {
   void LoadNull(Field& field);
   RETCODE LoadWideText(Field& field, SQLUSMALLINT column, RowSource& source);
   void LoadBuffered(Field& field);
+  std::vector<std::size_t> LayOut(std::size_t* size);
+  SQLLEN Indicator(const Field& field) const;
   std::size_t BufferedLength(const Field& field) const;
   bool IsWholeInBuffer(const Field& field) const;
 
   std::vector<Field> m_fields;
-  std::unique_ptr<char[]> m_buffer;
+  std::shared_ptr<RowBuffer> m_row;
   std::string m_wide_text;
   std::map<SQLLEN, std::map<std::size_t, FieldValue>> m_edits;
 };

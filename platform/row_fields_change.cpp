@@ -99,13 +99,13 @@ void RowFields::End(bool restore) {
   }
 }
 
-void RowFields::RememberEdit(SQLLEN row) {
+void RowFields::RememberEdit(SQLLEN row, bool show) {
   for (std::size_t index = 0; index < m_fields.size(); ++index) {
     Field& field = m_fields[index];
     if (!field.dirty) continue;
     FieldValue value = Written(field);
     field.null = value.null;
-    m_edits[row][index] = std::move(value);
+    if (show) m_edits[row][index] = std::move(value);
   }
 }
 

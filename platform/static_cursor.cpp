@@ -2,51 +2,100 @@
 
 #include <algorithm>
 
-StaticCursor::StaticCursor(odbc::Connection& connection, DWORD query_timeout) : m_statement(connection) {
-  m_statement.AskForStaticCursor();
-  m_statement.AskForQueryTimeout(query_timeout);
+StaticCursor::StaticCursor(odbc::Connection& connection, DWORD query_timeout)
+    : m_kept(std::make_unique<KeptStatement>(connection)) {
+  Statement().AskForStaticCursor();
+  Statement().AskForQueryTimeout(query_timeout);
 }
 
-RETCODE StaticCursor::Execute(const CString& sql, Run run) {
-  // One driver refuses to execute again while the old result is open.
-  if (m_executed) m_statement.CloseCursor();
-  m_executed = true;
+StaticCursor::StaticCursor(KeptStatements& statements) : m_statements(&statements) {}
+
+StaticCursor::~StaticCursor() {
+  if (m_statements != nullptr) m_statements->GiveBack(std::move(m_kept));
+}
+
+HSTMT StaticCursor::Handle() { return m_kept == nullptr ? SQL_NULL_HSTMT : Statement().Handle(); }
+
+void StaticCursor::ForgetPositions() {
   m_position = kBeforeFirst;
   m_in_gap = false;
   m_driver_row = 0;
+  m_buffered_row = kUnknown;
   m_physical_count = kUnknown;
   m_deleted.clear();
-  if (run == Run::kDirect) return m_statement.ExecuteDirect(sql);
-  if (sql != m_prepared_sql) {
-    const RETCODE code = m_statement.Prepare(sql);
-    if (!odbc::Succeeded(code)) return code;
-    m_prepared_sql = sql;
-  }
-  return m_statement.Execute();
 }
 
-RETCODE StaticCursor::ColumnCount(SWORD* count) { return m_statement.ColumnCount(count); }
+RETCODE StaticCursor::Execute(const RowQuery& query) {
+  ForgetPositions();
+  return m_statements == nullptr ? ExecuteOwn(query) : ExecuteKept(query);
+}
+
+void StaticCursor::ExecuteNothing() {
+  ForgetPositions();
+  if (m_statements != nullptr) m_statements->GiveBack(std::move(m_kept));
+  m_physical_count = 0;
+}
+
+RETCODE StaticCursor::ExecuteOwn(const RowQuery& query) {
+  // One driver refuses to execute again while the old result is open.
+  if (m_executed) Statement().CloseCursor();
+  m_executed = true;
+  if (query.direct) return Statement().ExecuteDirect(query.sql);
+  if (query.sql != m_prepared_sql) {
+    const RETCODE code = Statement().Prepare(query.sql);
+    if (!odbc::Succeeded(code)) return code;
+    m_prepared_sql = query.sql;
+  }
+  return Statement().Execute();
+}
+
+RETCODE StaticCursor::ExecuteKept(const RowQuery& query) {
+  m_statements->GiveBack(std::move(m_kept));
+  MarkedSQL marked = TakeOutLiterals(query.select.View(), query.condition.View());
+  marked.sql += query.order;
+  m_kept = m_statements->Take(marked, KeptStatements::Cursor::kStatic);
+  return m_statements->Run(marked, KeptStatements::Cursor::kStatic, &m_kept);
+}
+
+RETCODE StaticCursor::ColumnCount(SWORD* count) { return Statement().ColumnCount(count); }
 
 RETCODE StaticCursor::DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) {
-  return m_statement.DescribeColumn(column, info);
+  if (m_kept == nullptr) return SQL_ERROR;
+  return Statement().DescribeColumn(column, info);
+}
+
+std::shared_ptr<RowBuffer> StaticCursor::Bound() {
+  return m_statements != nullptr && m_kept != nullptr ? m_kept->row : nullptr;
+}
+
+void StaticCursor::BeginBinding(const std::shared_ptr<RowBuffer>& row) {
+  if (m_statements == nullptr || m_kept == nullptr) return;
+  if (m_kept->row != nullptr) Statement().UnbindColumns();
+  m_kept->row = row;
 }
 
 RETCODE StaticCursor::BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
                                  SQLLEN* indicator) {
-  return m_statement.BindColumn(column, c_type, buffer, size, indicator);
+  if (m_kept == nullptr) return SQL_SUCCESS;  // nothing was asked, so that nothing will come
+  return Statement().BindColumn(column, c_type, buffer, size, indicator);
 }
 
 RETCODE StaticCursor::GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
                               SQLLEN* indicator) {
-  return m_statement.GetData(column, c_type, buffer, size, indicator);
+  // The row may stand in the buffers while the driver's cursor has gone on.
+  if (m_all_bound && m_driver_row != PhysicalRow(m_position)) {
+    const RETCODE code = Refresh();
+    if (!odbc::Succeeded(code)) return code;
+  }
+  return Statement().GetData(column, c_type, buffer, size, indicator);
 }
 
 RETCODE StaticCursor::Fetch(WORD type, SQLLEN row) {
   switch (type) {
     case SQL_FETCH_FIRST:
-      return FetchLogical(1);
+      return FetchLogical(1, 1);
     case SQL_FETCH_LAST:
-      return FetchFromEnd(1);
+      return FetchFromEnd(1, -1);
     case SQL_FETCH_NEXT:
       return FetchRelative(1);
     case SQL_FETCH_PRIOR:
@@ -54,29 +103,37 @@ RETCODE StaticCursor::Fetch(WORD type, SQLLEN row) {
     case SQL_FETCH_RELATIVE:
       return FetchRelative(row);
     case SQL_FETCH_ABSOLUTE:
-      return row < 0 ? FetchFromEnd(-row) : FetchLogical(row);
+      return row < 0 ? FetchFromEnd(-row, 0) : FetchLogical(row, 0);
     default:
       return SQL_ERROR;
   }
 }
 
 RETCODE StaticCursor::FetchRelative(SQLLEN rows) {
-  if (m_position == kAfterLast) return rows < 0 ? FetchFromEnd(-rows) : RETCODE{SQL_NO_DATA};
+  // One row on is a walk, which passes over rows that are gone; a longer way leads to a row or to none.
+  const SQLLEN step = rows == 1 || rows == -1 ? rows : 0;
+  if (m_position == kAfterLast) return rows < 0 ? FetchFromEnd(-rows, step) : RETCODE{SQL_NO_DATA};
   // Backwards from a gap, the row before the gap is one step away.
   const SQLLEN base = m_in_gap && rows < 0 ? m_position + 1 : m_position;
-  return FetchLogical(base + rows);
+  return FetchLogical(base + rows, step);
 }
 
-RETCODE StaticCursor::FetchFromEnd(SQLLEN rows_from_end) {
+RETCODE StaticCursor::FetchFromEnd(SQLLEN rows_from_end, SQLLEN step) {
   SQLLEN count = 0;
   const RETCODE code = Count(&count);
-  return odbc::Succeeded(code) ? FetchLogical(count + 1 - rows_from_end) : code;
+  return odbc::Succeeded(code) ? FetchLogical(count + 1 - rows_from_end, step) : code;
 }
 
-// After a fetch that failed, rather than found no row, the position is what it was.
-RETCODE StaticCursor::FetchLogical(SQLLEN row) {
-  const bool before = row < 1;
-  const RETCODE code = before ? RETCODE{SQL_NO_DATA} : FetchPhysical(PhysicalRow(row));
+// After a fetch that failed, rather than found no row, the position is what it was. `step` leads on from rows
+// that are gone; 0 for not at all.
+RETCODE StaticCursor::FetchLogical(SQLLEN row, SQLLEN step) {
+  bool before = row < 1;
+  RETCODE code = before ? RETCODE{SQL_NO_DATA} : FetchPhysical(PhysicalRow(row));
+  while (code == SQL_NO_DATA && !before && step != 0 && IsGone(PhysicalRow(row))) {
+    row += step;
+    before = row < 1;
+    if (!before) code = FetchPhysical(PhysicalRow(row));
+  }
   if (!odbc::Succeeded(code) && code != SQL_NO_DATA) return code;
   m_in_gap = false;
   m_position = odbc::Succeeded(code) ? row : before ? kBeforeFirst : kAfterLast;
@@ -84,19 +141,25 @@ RETCODE StaticCursor::FetchLogical(SQLLEN row) {
 }
 
 RETCODE StaticCursor::FetchPhysical(SQLLEN row) {
+  if (m_all_bound && row == m_buffered_row) return SQL_SUCCESS;
+  if (m_physical_count != kUnknown && row > m_physical_count) return SQL_NO_DATA;
   const RETCODE code = FetchRow(row);
   m_driver_row = odbc::Succeeded(code) ? row : kUnknown;
+  if (code != SQL_NO_DATA) m_buffered_row = code == SQL_SUCCESS ? row : kUnknown;
   return code;
 }
 
 RETCODE StaticCursor::FetchRow(SQLLEN row) {
   // Drivers reach the next row faster by NEXT than by its number.
   const bool next = m_driver_row != kUnknown && row == m_driver_row + 1;
-  return next ? m_statement.ExtendedFetch(SQL_FETCH_NEXT, 0)
-              : m_statement.ExtendedFetch(SQL_FETCH_ABSOLUTE, row);
+  return next ? Statement().ExtendedFetch(SQL_FETCH_NEXT, 0)
+              : Statement().ExtendedFetch(SQL_FETCH_ABSOLUTE, row);
 }
 
-RETCODE StaticCursor::Refresh() { return FetchPhysical(PhysicalRow(m_position)); }
+RETCODE StaticCursor::Refresh() {
+  m_buffered_row = kUnknown;
+  return FetchPhysical(PhysicalRow(m_position));
+}
 
 void StaticCursor::ForgetCurrentRow() {
   const SQLLEN physical = PhysicalRow(m_position);
@@ -121,6 +184,11 @@ SQLLEN StaticCursor::PhysicalRow(SQLLEN logical) const {
   return logical + static_cast<SQLLEN>(low);
 }
 
+SQLLEN StaticCursor::LogicalRow(SQLLEN physical) const {
+  const auto behind = std::lower_bound(m_deleted.begin(), m_deleted.end(), physical);
+  return behind != m_deleted.end() && *behind == physical ? 0 : physical - (behind - m_deleted.begin());
+}
+
 RETCODE StaticCursor::Count(SQLLEN* count) {
   const RETCODE code = CountPhysical(count);
   *count -= static_cast<SQLLEN>(m_deleted.size());
@@ -132,10 +200,10 @@ RETCODE StaticCursor::Count(SQLLEN* count) {
 RETCODE StaticCursor::CountPhysical(SQLLEN* count) {
   if (m_physical_count == kUnknown) {
     m_driver_row = kUnknown;
-    RETCODE code = m_statement.ExtendedFetch(SQL_FETCH_LAST, 0);
+    RETCODE code = Statement().ExtendedFetch(SQL_FETCH_LAST, 0);
     SQLLEN rows = 0;
     if (odbc::Succeeded(code)) {
-      rows = static_cast<SQLLEN>(m_statement.RowNumber());
+      rows = static_cast<SQLLEN>(Statement().RowNumber());
       if (rows < 1 || !IsLastRow(rows)) code = ProbeCount(&rows);
     }
     if (!odbc::Succeeded(code) && code != SQL_NO_DATA) return code;

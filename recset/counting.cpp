@@ -9,6 +9,20 @@ constexpr LONG kFirstStep = 32768;
 constexpr const char* kCountColumn = "TIntCount";
 constexpr LONG kOwnKey = 1;  // the field id of every table's own key
 
+// The one row of a query that the library wrote itself.
+class OneRow : public CRecordset {
+ public:
+  OneRow(CDatabase* database, const CString& sql) : CRecordset(database) {
+    HoldRows(fewRows);
+    Open(snapshot, sql, readOnly);
+  }
+  LONG Number() {
+    CDBVariant value;
+    GetFieldValue(short{0}, value, SQL_C_SLONG);
+    return value.m_lVal;
+  }
+};
+
 }  // namespace
 
 WORD CKyRecSet::GetMaxPos(LONG* count) {
@@ -36,6 +50,7 @@ LONG CKyRecSet::ProbeLastRow() {
 
 // A set whose position is not known counts as usual and keeps not knowing it.
 WORD CKyRecSet::CountByProbing(LONG* count) {
+  CatchUp();
   const LONG position = GetIndexPos();
   if (m_bBOF) return kOk;
   MoveFirst();
@@ -61,11 +76,7 @@ CString CKyRecSet::WhereClause(const CString& filter) {
 // Counts on a statement of its own, so that this set's cursor does not move.
 LONG CKyRecSet::CountByQuery(const CString& where) {
   const CString sql = CString("SELECT COUNT(*) AS ") + kCountColumn + " FROM " + GetDefaultSQL() + where;
-  CRecordset counter(m_pDatabase);
-  counter.Open(m_nOpenType, sql, none);
-  CDBVariant value;
-  counter.GetFieldValue(kCountColumn, value, SQL_C_SLONG);
-  return value.m_lVal;
+  return OneRow(m_pDatabase, sql).Number();
 }
 
 WORD CKyRecSet::GetNum(LONG* count) {
@@ -84,13 +95,29 @@ WORD CKyRecSet::GetLastID(LONG* id) {
   CString sort = m_strSort;
   LONG error = 0;
   // Without a sort order the last row would be an arbitrary one.
-  if (sort.IsEmpty()) sort = GetFieldName(kOwnKey, &error);
+  const bool by_key = sort.IsEmpty();
+  if (by_key) sort = GetFieldName(kOwnKey, &error);
+  if (by_key && ReadHighest(sort, id)) return kOk;
   return ReadWholeTable(sort, &CKyRecSet::ReadLastID, id);
+}
+
+// The library's own sets ask for the last key alone while they are closed; callers' sets may have another way
+// of opening. False, with nothing done, where the database may not know how.
+bool CKyRecSet::ReadHighest(const CString& key, LONG* id) {
+  if (IsOpen() || Held() == wholeRows || !m_strBaseFilter.IsEmpty() || key.IsEmpty()) return false;
+  if (m_pDatabase == nullptr || !m_pDatabase->IsOpen()) return false;
+  const CString only = m_pDatabase->FirstRowOnly();
+  if (only.IsEmpty()) return false;
+  OneRow last(m_pDatabase,
+              "SELECT " + key + " FROM " + GetDefaultSQL() + " ORDER BY " + key + " DESC" + only);
+  *id = last.IsEOF() ? 0 : last.Number();
+  return true;
 }
 
 // Lets `read` see the whole table in the order of `sort`, then goes back to the rows and the position of
 // before.
 WORD CKyRecSet::ReadWholeTable(const CString& sort, void (CKyRecSet::*read)(LONG*), LONG* result) {
+  CatchUp();
   const LONG position = GetIndexPos();
   int opened = 0;
   {
@@ -126,6 +153,6 @@ void CKyRecSet::ReadLastID(LONG* id) {
 // A position that was not known is -1, which leads two rows back from the first, that is before it. Callers
 // rely on a set that was after its end not standing on a row now.
 void CKyRecSet::RequeryAt(LONG position) {
-  Requery();
+  RequeryNow();
   if (position != 0 && !(m_bEOF && m_bBOF)) Move(position - 1, SQL_FETCH_RELATIVE);
 }

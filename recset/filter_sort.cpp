@@ -136,10 +136,7 @@ WORD CKyRecSet::SetFilter(LONG fields, LONG operators, void* value1, void* value
   }
   clauses += ")) ";
   m_strFilter = m_strBaseFilter.IsEmpty() ? clauses : FillBaseFilter(" AND", clauses);
-  if (IsOpen()) {
-    Requery();
-    if (!m_bEOF && !m_bBOF) MoveFirst();
-  }
+  if (IsOpen()) RequeryNow();
   return kOk;
 }
 
@@ -186,10 +183,7 @@ WORD CKyRecSet::SetSortIndex(LONG sort_index) {
     if (packed::Flagged(sort_index, slot)) m_strSort += " DESC";
   }
   m_lSortIndex = sort_index;
-  if (IsOpen()) {
-    Requery();
-    if (!m_bEOF) MoveFirst();
-  }
+  if (IsOpen()) RequeryNow();
   return kOk;
 }
 

@@ -15,12 +15,15 @@ inline bool HasDate(const TIMESTAMP_STRUCT& time) {
   return time.year != 0 && time.month != 0 && time.day != 0;
 }
 
-// Opens `counter` with its filter, writes the number of its rows, and closes it again. Returns 0; 3 when it
-// did not open; else what GetMaxPos answers.
+// Writes the number of rows of `counter`, which is closed, with its filter: by a query, or with an owner by
+// opening and closing it. Returns 0; 3 when it did not open; else what GetMaxPos answers.
 inline WORD CountRows(CKyRecSet& counter, LONG* count) {
-  if (!counter.Open(counter.m_nOpenType, nullptr, CRecordset::none)) return kNotOpened;
-  const WORD code = counter.GetMaxPos(count);
-  counter.Close();
+  LONG rows = 0;
+  const bool by_query = counter.m_strOwner.IsEmpty();
+  if (!by_query && !counter.Open(counter.m_nOpenType, nullptr, CRecordset::none)) return kNotOpened;
+  const WORD code = counter.GetMaxPos(&rows);
+  if (!by_query) counter.Close();
+  if (code == kOk) *count = rows;
   return code;
 }
 

@@ -26,7 +26,8 @@ CKyRecSet::CKyRecSet(CDatabase* database, const char* owner)
       m_nOpenType(dynaset),
       m_strOwner(OwnerOrLibrarys(owner)),
       m_lSortIndex(0),
-      m_dwFieldMask(0) {
+      m_dwFieldMask(0),
+      m_bStale(FALSE) {
   if (!m_strOwner.IsEmpty()) m_nOpenType = snapshot;
   SetRowKey(&m_lID);
 }
@@ -43,7 +44,17 @@ void CKyRecSet::Dump(CDumpContext&) const {}
 
 // Nothing but the base's work: the operation is declared so that callers' sets override it at this class.
 BOOL CKyRecSet::Open(UINT open_type, const char* sql, DWORD options) {
+  m_bStale = FALSE;
   return CRecordset::Open(open_type, sql, options);
+}
+
+void CKyRecSet::RequeryNow() {
+  m_bStale = FALSE;
+  Requery();
+}
+
+void CKyRecSet::CatchUp() {
+  if (m_bStale && IsOpen()) RequeryNow();
 }
 
 // Puts the fetched row into the members and makes `position` the current one.
@@ -58,6 +69,7 @@ void CKyRecSet::Settle(LONG position) {
 bool CKyRecSet::FetchAt(LONG position) { return ExtendedFetch(SQL_FETCH_ABSOLUTE, position) == SQL_SUCCESS; }
 
 LONG CKyRecSet::MoveToPos(LONG position) {
+  CatchUp();
   // To the driver a negative row counts from the end; as a position it is as wrong as 0.
   if (position <= 0 || !FetchAt(position)) {
     m_lCurrentRecord = AFX_CURRENT_RECORD_UNDEFINED;
@@ -69,6 +81,7 @@ LONG CKyRecSet::MoveToPos(LONG position) {
 }
 
 LONG CKyRecSet::MoveToDelta(LONG delta) {
+  CatchUp();
   if (m_bBOF || m_bEOF) return 0;
   if (delta == 1) {
     MoveNext();
@@ -95,7 +108,13 @@ void CKyRecSet::MoveFar(LONG delta) {
 }
 
 LONG CKyRecSet::MoveToIntID(LONG id) {
+  CatchUp();
   if (m_bBOF) return 0;
+  if (const LONG found = FindKey(id); found >= 0) {
+    if (found > 0 && MoveToPos(found) != 0) return found;
+    MoveFirst();
+    return m_bBOF || m_bEOF ? 0 : GetIndexPos();
+  }
   for (MoveFirst(); !m_bEOF; MoveNext()) {
     if (m_lID == id) return GetIndexPos();
   }
@@ -106,6 +125,7 @@ LONG CKyRecSet::MoveToIntID(LONG id) {
 }
 
 WORD CKyRecSet::GetByPos(LONG* position) {
+  CatchUp();
   if (position != nullptr && *position != 0) MoveToPos(*position);
   if (m_bEOF || m_bBOF) return kNoRow;
   if (position != nullptr && *position == 0) *position = GetIndexPos();
@@ -114,7 +134,9 @@ WORD CKyRecSet::GetByPos(LONG* position) {
 
 WORD CKyRecSet::DeleteByPos(LONG position) {
   try {
-    if (position != 0) MoveToPos(position);
+    CatchUp();
+    // A row that someone else deleted is one that cannot be deleted, whether the set still shows it or not.
+    if (position != 0 && MoveToPos(position) == 0 && IsGone(position)) return kDeleteFailed;
     if (m_bEOF || m_bBOF) return kNoRow;
     Delete();
     MoveNext();
@@ -136,7 +158,7 @@ WORD CKyRecSet::IsUniqueRecord() {
 
 WORD CKyRecSet::TryRequery(int* opened) {
   if (IsOpen()) {
-    Requery();
+    RequeryNow();
     return kOk;
   }
   if (!Open(m_nOpenType, nullptr, none)) return kNotOpened;

@@ -51,7 +51,7 @@ class KYODBC_API CKyRecSet : public CRecordset {
   // stands after the last row and its position is not known.
   virtual LONG MoveToPos(LONG position);
   // The position of the row whose m_lID is `id`; of the first row when none matches (compare m_lID to tell);
-  // 0 when the set is closed, empty or before the first row. Reads row by row.
+  // 0 when the set is closed, empty or before the first row. Reads row by row where rows are not held by key.
   virtual LONG MoveToIntID(LONG id);
   // Returns the new position. 0 when the move passed an end, or without moving when the set already stood
   // before the first or after the last row.
@@ -107,6 +107,12 @@ class KYODBC_API CKyRecSet : public CRecordset {
   // GetFieldName(LONG) does.
   virtual LONG GetFieldSize(LONG field);
 
+  // The rows of an open set may have changed: it is requeried before it is looked at again, and not before.
+  void RequeryLater() { m_bStale = IsOpen(); }
+  // Requeries now what was to be requeried later. The operations of this class do so by themselves; a direct
+  // look at the members of a set that others may have marked does not.
+  void CatchUp();
+
   // 0 before the first row and on a closed set, -1 when the position is not known.
   LONG GetIndexPos() const { return m_lCurrentRecord + 1; }
 
@@ -132,6 +138,7 @@ class KYODBC_API CKyRecSet : public CRecordset {
   CString FillBaseFilter(const char* first, const char* second) const;
 
  private:
+  void RequeryNow();
   void Settle(LONG position);
   bool FetchAt(LONG position);
   void MoveFar(LONG delta);
@@ -142,6 +149,7 @@ class KYODBC_API CKyRecSet : public CRecordset {
   WORD CountByProbing(LONG* count);
   LONG ProbeLastRow();
   LONG CountByQuery(const CString& where);
+  bool ReadHighest(const CString& key, LONG* id);
   WORD ReadWholeTable(const CString& sort, void (CKyRecSet::*read)(LONG*), LONG* result);
   void ReadCount(LONG* count);
   void ReadLastID(LONG* id);
@@ -149,6 +157,8 @@ class KYODBC_API CKyRecSet : public CRecordset {
 
   bool OpenWithoutRows();
   bool ReadFieldInfo(LONG field, CODBCFieldInfo& info);
+
+  BOOL m_bStale;
 };
 
 #endif
