@@ -31,6 +31,7 @@ constexpr DWORD kNaturalKey = 0x1 | 0x2 | 0x4;
 
 CCfgRec::CCfgRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CCfgRec::~CCfgRec() = default;

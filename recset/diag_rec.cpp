@@ -29,6 +29,7 @@ constexpr FieldId kFieldIds[] = {
 
 CDiagRec::CDiagRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CDiagRec::~CDiagRec() = default;

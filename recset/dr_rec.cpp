@@ -29,6 +29,7 @@ constexpr DWORD kSrvID = 0x2;
 
 CDrRec::CDrRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CDrRec::~CDrRec() = default;

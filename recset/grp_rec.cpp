@@ -35,6 +35,7 @@ constexpr DWORD kNaturalKey = 0x1 | 0x4 | 0x8;
 
 CGrpRec::CGrpRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CGrpRec::~CGrpRec() = default;

@@ -57,6 +57,7 @@ constexpr DWORD kNaturalKey = 0x1 | 0x40 | 0x80000;
 
 CImgRec::CImgRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CImgRec::~CImgRec() = default;
@@ -74,7 +75,7 @@ CString CImgRec::GetFieldName(LONG field, LONG* error) {
 // The patient is remembered before the delete: afterwards the members hold the following row.
 WORD CImgRec::DeleteByPos(LONG position) {
   const WORD found = GetByPos(&position);
-  if (found != kOk) return found;
+  if (found != kOk) return IsGone(position) ? kDeleteFailed : found;
   const LONG patient = m_lPatID;
   const WORD deleted = CKyRecSet::DeleteByPos(0);
   if (deleted == kOk) upcalls::RefreshLastDisplay(m_pDatabase, m_strOwner, patient);

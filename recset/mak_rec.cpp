@@ -35,6 +35,7 @@ constexpr DWORD kLastChange = 0x4;
 
 CMakRec::CMakRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CMakRec::~CMakRec() = default;

@@ -59,6 +59,7 @@ constexpr LONG kSearchableBits = 0x37;
 
 CPatRec::CPatRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CPatRec::~CPatRec() = default;
@@ -79,6 +80,7 @@ LONG CPatRec::MoveToSortValue(const char* text) {
 }
 
 LONG CPatRec::MoveBehindLower(CPatRec& counter, const char* text) {
+  CatchUp();
   const LONG field = m_lSortIndex & 0x7F;
   if ((field & kSearchableBits) == 0 || text == nullptr || !IsOpen()) return 0;
   LONG error = 0;

@@ -59,6 +59,7 @@ CPatExRec::CPatExRec(CDatabase* database, const char* owner) : CPatRec(database,
   m_strBaseFilter = "(td.tDrCulIntDrIDPk=tp.tPatCulIntDrIDFk%s%s)";
   // Without it the view would pair every patient with every doctor.
   m_strFilter = FillBaseFilter("", "");
+  HoldRows(keysOnly, m_strFilter);
 }
 
 CPatExRec::~CPatExRec() = default;
@@ -108,6 +109,7 @@ WORD CPatExRec::GetJoinedRow(tagTPATIENTEX* record) {
 WORD CPatExRec::OpenOn(const tagTPATIENT& patient) {
   if (!SelectRow(&patient)) return kBadArgument;
   m_strFilter = FillBaseFilter(")AND(", m_strFilter);
+  HoldRows(fewRows);
   if (!Open(m_nOpenType, nullptr, none)) return kNotOpened;
   const WORD code = IsUniqueRecord();
   return code == kNoRow ? kPatientNotFound : code;
@@ -123,10 +125,12 @@ LONG CPatExRec::MoveToIntID(LONG id) {
 }
 
 LONG CPatExRec::SeekKey(LONG id) {
+  CatchUp();
   tagTPATIENT patient{};
   patient.lPatID = id;
   CPatExRec target(m_pDatabase, m_strOwner);
   if (!IsOpen() || target.OpenOn(patient) != kOk) return 0;
+  if (const LONG found = FindKey(id); found > 0 && MoveToPos(found) != 0) return found;
   const Seek seek = SeekRow(target);
   if (seek.before.IsEmpty()) return CPatRec::MoveToIntID(id);
   LONG before = 0;

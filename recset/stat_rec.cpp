@@ -25,6 +25,7 @@ constexpr DWORD kName = 0x1;
 
 CStatRec::CStatRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CStatRec::~CStatRec() = default;

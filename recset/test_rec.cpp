@@ -47,6 +47,7 @@ constexpr DWORD kNaturalKey = 0x1 | 0x20 | 0x2000;
 
 CTestRec::CTestRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CTestRec::~CTestRec() = default;

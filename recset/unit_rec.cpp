@@ -37,6 +37,7 @@ constexpr DWORD kName = 0x2;
 
 CUnitRec::CUnitRec(CDatabase* database, const char* owner) : CKyRecSet(database, owner) {
   m_nFields = std::size(kColumns);
+  HoldRows(keysOnly);
 }
 
 CUnitRec::~CUnitRec() = default;

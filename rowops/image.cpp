@@ -1,33 +1,35 @@
 // Images: added at the library's location, in place of images with the same natural key; every change
 // brings the patient's last-display time up to date; counted and dated by patient.
+#include "tables/image.h"
+#include "platform/field_value.h"
 #include "recset/img_rec.h"
 #include "recset/upcalls.h"
 #include "rowops/library_location.h"
+#include "rowops/own_transaction.h"
 #include "rowops/row_worker.h"
 
 namespace {
 
 constexpr DWORD kImageTime = 0x40;  // mask bit of tImgTs
 constexpr char kPatientFilter[] = " (tImgCulIntPatIDFk=%d) ";
-constexpr rowops::NewestQuery<CImgRec> kNewest = {" (tImgCulIntPatIDFk = %d) ", " tImgTs DESC ",
-                                                  &CImgRec::m_ts, kImageNotFound};
+constexpr rowops::NewestQuery kNewest = {tImgCulIntImgIDPk, tImgTs, " (tImgCulIntPatIDFk = %d) ",
+                                         " tImgTs DESC ", kImageNotFound};
 
 // Deletes the images that an image to be added replaces: those with its patient, time and location. An
-// incomplete natural key replaces none. Returns 0; 3 when they cannot be read, 8 when not deleted.
-WORD DeleteReplaced(const CImgRec& browse, tagTIMAGE image) {
+// incomplete natural key replaces none. When there are some, the transaction is begun, in which the new image
+// has to follow. Returns 0; 3 when they cannot be read, 8 when not deleted.
+WORD DeleteReplaced(const CImgRec& browse, tagTIMAGE image, rowops::OwnTransaction* transaction) {
+  // No image is stored with an impossible time, and some databases refuse to look for one: the insert tells.
+  const TIMESTAMP_STRUCT time = image.ts;
+  if (!IsStorableDate(time)) return kOk;
   image.lImgID = 0;  // by natural key, whatever key the caller's record holds
   rowops::ShortLived<CImgRec> replaced(browse);
   if (!replaced.SelectRow(&image)) return kOk;
-  return rowops::DeleteAllRows(replaced, kOk);
+  return rowops::DeleteAllRows(replaced, kOk, [&] { return transaction->Begin(browse.m_pDatabase); });
 }
 
 struct Images : rowops::TableRules<CImgRec, tagTIMAGE> {
   static constexpr WORD kNotFound = kImageNotFound;
-
-  static WORD BeforeAdd(const CImgRec& browse, tagTIMAGE* image) {
-    const WORD refused = rowops::TakeLibraryLocation(image->szLoc);
-    return refused != kOk ? refused : DeleteReplaced(browse, *image);
-  }
 
   // The patient is the one the caller's record names, even when the row holds another.
   static void AfterWrite(const CImgRec& set, const tagTIMAGE& image, DWORD written) {
@@ -38,7 +40,23 @@ struct Images : rowops::TableRules<CImgRec, tagTIMAGE> {
 
 }  // namespace
 
-WORD CImgRec::AddRow(tagTIMAGE* record) { return rowops::Add<Images>(*this, record); }
+// An image that was stored stays, whatever its reading back gave; one that was not leaves the replaced ones
+// there.
+WORD CImgRec::AddRow(tagTIMAGE* record) {
+  const tagTIMAGE given = *record;
+  WORD code = rowops::TakeLibraryLocation(record->szLoc);
+  if (code != kOk) return code;
+  rowops::OwnTransaction transaction;
+  code = DeleteReplaced(*this, *record, &transaction);
+  if (code != kOk) {
+    *record = given;
+    return code;
+  }
+  code = rowops::InsertAndReadBack<Images>(*this, record, given);
+  if (code != kWriteFailed && !transaction.Commit()) code = kWriteFailed;
+  if (transaction.IsPending()) *record = given;
+  return code;
+}
 WORD CImgRec::EditRow(tagTIMAGE* record, DWORD mask) {
   return rowops::EditSelected<Images>(*this, record, mask);
 }

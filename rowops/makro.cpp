@@ -1,12 +1,13 @@
 // Makros: counted and dated by image.
+#include "tables/makro.h"
 #include "recset/mak_rec.h"
 #include "rowops/row_worker.h"
 
 namespace {
 
 constexpr char kImageFilter[] = " (tMakCulIntImgIDFk=%d) ";
-constexpr rowops::NewestQuery<CMakRec> kNewest = {kImageFilter, " tMakTsLast DESC ", &CMakRec::m_tsLast,
-                                                  kNoRow};
+constexpr rowops::NewestQuery kNewest = {tMakCulIntMakIDPk, tMakTsLast, kImageFilter, " tMakTsLast DESC ",
+                                         kNoRow};
 
 using Makros = rowops::TableRules<CMakRec, tagTMAKRO>;
 

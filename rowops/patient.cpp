@@ -3,6 +3,7 @@
 #include "platform/local_time.h"
 #include "recset/pat_rec.h"
 #include "recset/upcalls.h"
+#include "rowops/own_transaction.h"
 #include "rowops/row_worker.h"
 
 namespace {
@@ -34,15 +35,22 @@ void Insert(rowops::ShortLived<CPatRec>& set, const tagTPATIENT& record) {
 
 }  // namespace
 
-// An exception of the reading back also leads to another attempt, although the row is then stored already;
-// callers have always had to reckon with a second row after a bad connection.
+// Each attempt is a transaction of its own, unless the caller has one: what an attempt that failed at the
+// reading back has stored is gone before the next. Without transactions callers have to reckon with a second
+// row after a bad connection. A commit that failed is not tried again: the row may be there.
 WORD CPatRec::AddRow(tagTPATIENT* record) {
+  const tagTPATIENT given = *record;
   rowops::ShortLived<CPatRec> set(*this);
   for (int attempt = 1; attempt <= kAddAttempts; ++attempt) {
+    rowops::OwnTransaction transaction;
+    if (!transaction.Begin(set.m_pDatabase)) continue;
     try {
       Insert(set, *record);
       rowops::PutKey(record, 0);
-      return rowops::Reread(set, record);
+      const WORD code = rowops::Reread(set, record);
+      if (transaction.Commit()) return code;
+      *record = given;
+      return kWriteFailed;
     } catch (CDBException* exception) {
       klog::Caught(exception, kWriteFailed);
       set.Close();
@@ -60,7 +68,7 @@ WORD CPatRec::DeleteRow(const tagTPATIENT* record) {
   if (set.SelectRow(record)) return rowops::DeleteRow<Patients>(*this, *record);
   if (record->lSelect == 0) return kBadArgument;
   set.m_strFilter = kSelectedFilter;
-  return rowops::DeleteAllRows(set, kPatientNotFound);
+  return rowops::DeleteAllRows(set, kPatientNotFound, [] { return true; });
 }
 
 WORD CPatRec::GetRow(tagTPATIENT* record) { return rowops::GetRow<Patients>(*this, record); }

@@ -12,8 +12,10 @@
 
 #include "platform/log.h"
 #include "platform/result_codes.h"
+#include "recset/key_filter.h"
 #include "recset/kyrecset.h"
 #include "recset/restore.h"
+#include "rowops/newest.h"
 
 namespace rowops {
 
@@ -49,7 +51,9 @@ struct TableRules {
 template <class Set>
 class ShortLived : public Set {
  public:
-  explicit ShortLived(const Set& browse) : Set(browse.m_pDatabase, browse.m_strOwner) {}
+  explicit ShortLived(const Set& browse) : Set(browse.m_pDatabase, browse.m_strOwner) {
+    this->HoldRows(CRecordset::fewRows);
+  }
 
   // Opens with the filter and sort just set.
   bool OpenRows() { return this->Open(this->m_nOpenType, nullptr, 0) && this->IsOpen(); }
@@ -136,14 +140,13 @@ WORD Insert(ShortLived<typename Rules::Set>& set, const typename Rules::Record& 
   }
 }
 
-// Inserts `record` and reads it back with its new key. When nothing was inserted, the record is as it was.
+// Inserts `record` and reads it back with its new key. When nothing was inserted, the record becomes `given`.
 // When only the reading back fails (1, 52, 64, 6), the row stays and the record's key is 0.
 template <class Rules>
-WORD Add(const typename Rules::Set& browse, typename Rules::Record* record) {
-  const typename Rules::Record given = *record;
+WORD InsertAndReadBack(const typename Rules::Set& browse, typename Rules::Record* record,
+                       const typename Rules::Record& given) {
   ShortLived<typename Rules::Set> set(browse);
-  WORD code = Rules::BeforeAdd(browse, record);
-  if (code == kOk) code = Insert<Rules>(set, *record);
+  WORD code = Insert<Rules>(set, *record);
   if (code != kOk) {
     *record = given;
     return code;
@@ -155,6 +158,16 @@ WORD Add(const typename Rules::Set& browse, typename Rules::Record* record) {
   }
   if (code == kOk) Rules::AfterWrite(set, *record, set.m_dwFieldMask);
   return code;
+}
+
+// As InsertAndReadBack, with what the table does before an add.
+template <class Rules>
+WORD Add(const typename Rules::Set& browse, typename Rules::Record* record) {
+  const typename Rules::Record given = *record;
+  const WORD refused = Rules::BeforeAdd(browse, record);
+  if (refused == kOk) return InsertAndReadBack<Rules>(browse, record, given);
+  *record = given;
+  return refused;
 }
 
 // Writes the fields of `record` selected by `mask` into the row that it describes, and the row's key into
@@ -193,16 +206,18 @@ WORD DeleteRow(const typename Rules::Set& browse, const typename Rules::Record& 
   return kOk;
 }
 
-// Deletes every row of `set`, whose filter is set. Returns 0; `none` when there is no row; 3 when the rows
-// cannot be read; 8 when one cannot be deleted, those before it being gone.
-template <class Set>
-WORD DeleteAllRows(ShortLived<Set>& set, WORD none) {
+// Deletes every row of `set`, whose filter is set; `prepare`, which may refuse, runs when there are some.
+// Returns 0; `none` when there is no row; 3 when the rows cannot be read; 8 when one cannot be deleted, those
+// before it being gone, and when `prepare` refused.
+template <class Set, class Prepare>
+WORD DeleteAllRows(ShortLived<Set>& set, WORD none, Prepare prepare) {
   try {
     if (!set.OpenRows()) return kNotOpened;
   } catch (CDBException* exception) {
     return klog::Caught(exception, kNotOpened);
   }
   if (set.IsEOF()) return none;
+  if (!prepare()) return kDeleteFailed;
   try {
     for (set.MoveFirst(); !set.IsEOF(); set.MoveNext()) set.Delete();
   } catch (CDBException* exception) {
@@ -218,40 +233,28 @@ WORD CountRows(const Set& browse, const char* filter, LONG owner_key, LONG* coun
   ShortLived<Set> set(browse);
   if (owner_key != 0) set.m_strFilter.Format(filter, owner_key);
   try {
-    if (!set.OpenRows()) return kNotOpened;
-    return set.GetMaxPos(count);
+    return key_filter::CountRows(set, count);
   } catch (CDBException* exception) {
     return klog::Caught(exception, kNotOpened);
   }
 }
 
-// How a table finds its newest row.
-template <class Set>
-struct NewestQuery {
-  const char* filter;           // owner filter with a %d
-  const char* sort;             // newest first
-  TIMESTAMP_STRUCT Set::*time;  // the member sorted by
-  WORD none;                    // the code for no row
-};
-
 // Key and time of the newest row of one owner, or of all rows for key 0. Writes only on 0; null outputs
 // are left out.
 template <class Set>
-WORD Newest(const Set& browse, const NewestQuery<Set>& query, LONG owner_key, LONG* key,
-            TIMESTAMP_STRUCT* time) {
+WORD Newest(const Set& browse, const NewestQuery& query, LONG owner_key, LONG* key, TIMESTAMP_STRUCT* time) {
   ShortLived<Set> set(browse);
   if (owner_key != 0) set.m_strFilter.Format(query.filter, owner_key);
-  set.m_strSort = query.sort;
+  NewestRow row(set.m_pDatabase, set.GetDefaultSQL(), query, set.m_strFilter);
   try {
-    if (!set.OpenRows()) return kNotOpened;
-    if (set.IsEOF()) return query.none;
-    set.MoveFirst();
+    if (!row.Read()) return kNotOpened;
   } catch (CDBException* exception) {
     return klog::Caught(exception, kNotOpened);
   }
+  if (row.IsEOF()) return query.none;
   // Callers may pass fields of packed records, so the outputs need not be aligned.
-  if (key != nullptr) std::memcpy(static_cast<void*>(key), &set.m_lID, sizeof set.m_lID);
-  if (time != nullptr) std::memcpy(static_cast<void*>(time), &(set.*query.time), sizeof *time);
+  if (key != nullptr) std::memcpy(static_cast<void*>(key), &row.m_key, sizeof row.m_key);
+  if (time != nullptr) std::memcpy(static_cast<void*>(time), &row.m_time, sizeof *time);
   return kOk;
 }
 

@@ -1,4 +1,5 @@
 // Tests: added at the library's location; counted and dated by unit.
+#include "tables/test.h"
 #include "recset/test_rec.h"
 #include "rowops/library_location.h"
 #include "rowops/row_worker.h"
@@ -6,8 +7,8 @@
 namespace {
 
 constexpr char kUnitFilter[] = " (tTstCulIntUnitIDFk=%d) ";
-constexpr rowops::NewestQuery<CTestRec> kNewest = {kUnitFilter, "tTstTs DESC ", &CTestRec::m_ts,
-                                                   kTestNotFound};
+constexpr rowops::NewestQuery kNewest = {tTstCulIntTstIDPk, tTstTs, kUnitFilter, "tTstTs DESC ",
+                                         kTestNotFound};
 
 struct Tests : rowops::TableRules<CTestRec, tagTTEST> {
   static constexpr WORD kNotFound = kTestNotFound;

@@ -1,0 +1,31 @@
+#include "rowops/own_transaction.h"
+
+#include <new>
+
+namespace rowops {
+
+OwnTransaction::~OwnTransaction() {
+  try {
+    if (m_begun == nullptr || m_begun->Rollback() || !m_begun->InTransaction() || m_begun->Rollback()) return;
+  } catch (const std::bad_alloc&) {
+    // Not even the rollback could be sent.
+  }
+  // A connection that stayed in the transaction would lose every later change.
+  m_begun->ReleaseIfDead(true);
+}
+
+bool OwnTransaction::Begin(CDatabase* database) {
+  if (!database->CanTransact() || database->InTransaction()) return true;
+  if (!database->BeginTrans()) return false;
+  m_begun = database;
+  return true;
+}
+
+bool OwnTransaction::Commit() {
+  if (m_begun == nullptr) return true;
+  if (!m_begun->CommitTrans()) return false;  // the end rolls back
+  m_begun = nullptr;
+  return true;
+}
+
+}  // namespace rowops
