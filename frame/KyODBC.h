@@ -4,7 +4,7 @@
  *
  *  1. Result codes. WORD functions return a code of result_codes.h in 16 bits; 0 is success. Codes 3 (no
  *     connection), 14 (out of memory) and 31 (database error) are possible wherever a function works on the
- *     database.
+ *     database. KyODBCDiag.h, an extension, tells more of the last failure.
  *  2. Connection. There is one per process, made by DB_InitDatabase. Without it codes are 3, positions and
  *     open states 0. No exception leaves a function.
  *  3. Browse sets. The connection holds one browsable result per table, and one for the joined view of
@@ -20,7 +20,9 @@
  *  8. Field masks select what an edit writes, one bit per field of the record; see field_words.h.
  *  9. Failure. Nothing has changed then, neither in the database nor in what the caller passed, unless the
  *     function says so.
- * 10. Threads. One. The library has no locks; calls must not overlap.
+ * 10. Threads. One. The library has no locks; calls must not overlap. A build with assertions (without
+ *     NDEBUG) refuses a call that meets another thread's: it answers 31, or position, open state or pointer
+ *     0, touches nothing, and the log names both functions.
  */
 #ifndef KYODBC_FRAME_KYODBC_H
 #define KYODBC_FRAME_KYODBC_H
@@ -45,9 +47,12 @@ typedef struct CDatabase CDatabase;
 
 /* Connects to a data source, creates the browse sets and reads the settings "DBVersion" and "DBMS" of the
  * station "-". The record is copied. With bExclusive set, the data source opened is szDSN + "Exclusive".
- * Returns 0; 1 for a null record, an empty szDSN, or one longer than 23 bytes with bExclusive; 3 when already
- * connected, which keeps the connection but not its stored parameters; 3, 14, 30, 31 or 99 when connecting
- * failed, and there is no connection then. */
+ * Texts are values: nothing in them becomes an option of the connection. An owner is letters, digits and
+ * "_$@.-[]" without "--"; data sources have no ";{}" in their names (3).
+ * Returns 0; 1 for a null record, an empty szDSN, one longer than 23 bytes with bExclusive, or another owner;
+ * 3 when already connected, which keeps the connection but not its stored parameters; 3, 14, 30, 31 or 99
+ * when connecting failed, and there is no connection then. The password is kept for as long as a lost
+ * connection would be restored. */
 KYODBC_API WORD DB_InitDatabase(const tagDBCONNECT* parameters);
 
 /* Closes all browse sets, then the connection. Returns 0, also without a connection; 4 or 31 when something
@@ -86,7 +91,10 @@ KYODBC_API WORD DB_GetDBOwner(char* buffer, LONG size);
 /* Group changes through the library and through record sets on DB_GetDatabase. There is one level. Return 0;
  * 1 when the driver refuses, a transaction is pending already (begin) or none is (commit, rollback); 3
  * without a connection; 31; 55 when the data source has no transactions. Open browse sets are not read
- * again. */
+ * again. A commit gives 1 and rolls everything back when a change failed because of another's transaction (a
+ * deadlock), and on PostgreSQL after a statement that is no SQL (a filter without fields). A connection lost
+ * in a transaction leaves nothing of it, and none is pending then; only when the commit itself meets the loss
+ * is it unknown which way it went. */
 KYODBC_API WORD DB_BeginTransaction(void);
 KYODBC_API WORD DB_CommitTransaction(void);
 KYODBC_API WORD DB_RollbackTransaction(void);
@@ -117,12 +125,20 @@ KYODBC_API WORD DB_WriteProfileInt(const char* key, const char* station, LONG va
 
 /* ---- Browse sets: open and close ---- */
 
+/* Which rows a set has, and in which order, is settled when it is opened, filtered or sorted; and, after an
+ * add, edit or delete of a single row through this library, when the open set is looked at next: it then
+ * stands on its first row. Without an owner a row shows what it holds when a call moves to it (rows that a
+ * walk reads ahead, at most a quarter of a second before that). A row that somebody has deleted meanwhile is
+ * gone: a step by 1 or -1 passes over it, moving to its position fails, the other rows keep their positions.
+ * With an owner rows keep showing what they held when the set was read. */
+
 /* Opens the browse set with the filter and sort last given; its first row, if any, is current. An open set is
  * read anew. Returns 0; 3 when it did not open or there is no connection; 31, and it is closed then. */
 KYODBC_API WORD DB_OpenTDr(void);
 KYODBC_API WORD DB_OpenTStat(void);
 KYODBC_API WORD DB_OpenTUnit(void);
-/* First restores a lost connection, which closes all other browse sets; 3 when that fails. */
+/* First restores a lost connection, which closes all other browse sets; 3 when that fails, and the next call
+ * tries again. */
 KYODBC_API WORD DB_OpenTPat(void);
 /* First restores a lost connection, which closes all other browse sets; 3 when that fails. */
 KYODBC_API WORD DB_OpenPatEx(void);

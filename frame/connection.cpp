@@ -1,7 +1,13 @@
 #include "frame/connection.h"
 
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
 #include <memory>
 #include <new>
+#include <string>
 #include <type_traits>
 
 #include "platform/cdbexception.h"
@@ -23,6 +29,41 @@ namespace {
 
 constexpr DWORD kLoginTimeoutSeconds = 30;
 
+CString InBraces(const char* value) {
+  CString text(value);
+  text.Replace("}", "}}");
+  return "{" + text + "}";
+}
+
+// One driver takes braces around a user for a part of the name: only where there is no other way.
+CString User(const char* value) {
+  return *value == '{' || std::strchr(value, ';') != nullptr ? InBraces(value) : CString(value);
+}
+
+// One driver decodes "%3B" and "+" outside braces.
+CString Password(const char* value) {
+  const std::string_view text(value);
+  const bool blank_end = text.starts_with(' ') || text.ends_with(' ');
+  return blank_end || std::strpbrk(value, ";{}%+") != nullptr ? InBraces(value) : CString(value);
+}
+
+// No data source can have such a name, and drivers do not agree on what it would mean.
+bool IsSourceName(const char* name) { return std::strpbrk(name, ";{}") == nullptr; }
+
+// A text that is overwritten when it is not needed any more.
+class WipedText {
+ public:
+  explicit WipedText(const CString& text) : m_text(text) {}
+  ~WipedText() { explicit_bzero(m_text.GetBuffer(), static_cast<std::size_t>(m_text.GetLength())); }
+  WipedText(const WipedText&) = delete;
+  WipedText& operator=(const WipedText&) = delete;
+
+  const char* Text() const { return m_text; }
+
+ private:
+  CString m_text;
+};
+
 template <class Set>
 void CloseAndDestroy(Set*& set) {
   if (set == nullptr) return;
@@ -35,8 +76,27 @@ void CloseAndDestroy(Set*& set) {
 
 CDBConnection& TheConnection() {
   static CDBConnection connection;
+  [[maybe_unused]] static const bool kept = (connection.KeepOutOfDumps(), true);
   return connection;
 }
+
+bool IsOwnerPrefix(std::string_view text) {
+  constexpr std::string_view kSigns = "_$@.-[]";
+  constexpr unsigned char kFirstOfOtherLetters = 0x80;
+  const auto allowed = [=](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= kFirstOfOtherLetters || std::isalnum(byte) != 0 || kSigns.find(c) != kSigns.npos;
+  };
+  return std::all_of(text.begin(), text.end(), allowed) && text.find("--") == std::string_view::npos;
+}
+
+void CDBConnection::KeepOutOfDumps() const {
+  void* page = const_cast<tagDBCONNECT*>(&m_Params);
+  madvise(page, kPageSize, MADV_DONTDUMP);
+  mlock(page, kPageSize);
+}
+
+void CDBConnection::ForgetPassword() { explicit_bzero(m_Params.szPWD, sizeof m_Params.szPWD); }
 
 // The eleven sets in their order: the only list of them.
 template <class Function>
@@ -52,6 +112,13 @@ void CDBConnection::ForEachSet(Function function) {
   function(m_pDiag);
   function(m_pCfg);
   function(m_pTest);
+}
+
+bool CDBConnection::Holds(const void* object) const {
+  if (object == this || object == m_pDatabase) return true;
+  bool found = false;
+  const_cast<CDBConnection*>(this)->ForEachSet([&](const auto* set) { found = found || set == object; });
+  return found;
 }
 
 WORD CDBConnection::Connect() {
@@ -77,8 +144,8 @@ WORD CDBConnection::GiveUp(WORD code) {
 CString CDBConnection::ConnectString() const {
   CString text;
   if (m_Params.szDSN[0] != '\0') text += CString("DSN=") + m_Params.szDSN;
-  if (m_Params.szUID[0] != '\0') text += CString(";UID=") + m_Params.szUID;
-  if (m_Params.szPWD[0] != '\0') text += CString(";PWD=") + m_Params.szPWD;
+  if (m_Params.szUID[0] != '\0') text += ";UID=" + User(m_Params.szUID);
+  if (m_Params.szPWD[0] != '\0') text += ";PWD=" + Password(m_Params.szPWD);
   return text;
 }
 
@@ -90,9 +157,11 @@ DWORD CDBConnection::OpenOptions() const {
 }
 
 WORD CDBConnection::OpenDatabase() {
+  if (!IsSourceName(m_Params.szDSN)) return kNotOpened;
   try {
+    const WipedText connect(ConnectString());
     m_pDatabase->SetLoginTimeout(kLoginTimeoutSeconds);
-    return m_pDatabase->OpenEx(ConnectString(), OpenOptions()) ? kOk : kNotOpened;
+    return m_pDatabase->OpenEx(connect.Text(), OpenOptions()) ? kOk : kNotOpened;
   } catch (CDBException* exception) {
     const bool refused = exception->m_nRetCode == AFX_SQL_ERROR_CONNECT_FAIL;
     return klog::Caught(exception, refused ? kConnectFailed : kNotOpened);
@@ -121,6 +190,7 @@ WORD CDBConnection::CreateSets() {
 }
 
 WORD CDBConnection::CloseAll() {
+  m_ClosedBy = std::this_thread::get_id();
   try {
     ForEachSet([](auto*& set) { CloseAndDestroy(set); });
     CloseAndDestroy(m_pDatabase);

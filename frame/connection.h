@@ -2,6 +2,10 @@
 #ifndef KYODBC_FRAME_CONNECTION_H
 #define KYODBC_FRAME_CONNECTION_H
 
+#include <cstddef>
+#include <string_view>
+#include <thread>
+
 #include "platform/cdatabase.h"
 #include "platform/cstring.h"
 #include "platform/types.h"
@@ -41,13 +45,26 @@ class CDBConnection {
   WORD KeepAlive();
 
   CString Owner() const { return m_Params.szOwner; }
-  // What Connect passes to the database: "DSN=...;UID=...;PWD=..." of the parts given; 8, plus 1 for an
-  // exclusive connection, plus 4 for one with an owner.
+  // What Connect passes to the database: "DSN=...;UID=...;PWD=..." of the parts given, in braces where a
+  // driver would otherwise read more into them; 8, plus 1 for an exclusive connection, plus 4 for one with an
+  // owner.
   CString ConnectString() const;
   DWORD OpenOptions() const;
 
-  tagDBCONNECT m_Params{};  // as last given to DB_InitDatabase, every text terminated
-  CDatabase* m_pDatabase = nullptr;
+  // Whether `object` is this connection, its database or one of its browse sets.
+  bool Holds(const void* object) const;
+
+  // Keeps the parameters, which have the password, out of core dumps and of the swap space, as far as the
+  // system allows.
+  void KeepOutOfDumps() const;
+  // Overwrites the password. Nothing can be connected again without a new one.
+  void ForgetPassword();
+
+  static constexpr std::size_t kPageSize = 4096;
+
+  // As last given to DB_InitDatabase, every text terminated. On a page of its own, for KeepOutOfDumps.
+  alignas(kPageSize) tagDBCONNECT m_Params{};
+  alignas(kPageSize) CDatabase* m_pDatabase = nullptr;
   double m_dDBVersion = 0.0;  // this and the next keep their values after a close
   CString m_strDBMS;
   // In the order in which they are created, closed and destroyed; null while there is no connection.
@@ -62,6 +79,9 @@ class CDBConnection {
   CDiagRec* m_pDiag = nullptr;
   CCfgRec* m_pCfg = nullptr;
   CTestRec* m_pTest = nullptr;
+  // DB_InitDatabase has connected and DB_CloseDatabase was not called since: a keep-alive may connect anew.
+  bool m_bWanted = false;
+  std::thread::id m_ClosedBy;  // the thread of the last CloseAll
 
  private:
   template <class Function>
@@ -73,5 +93,9 @@ class CDBConnection {
 };
 
 CDBConnection& TheConnection();
+
+// Whether the text can stand before a table's name: of letters, digits, other than English letters, and
+// "_$@.-[]", but without "--". Anything else could end the name and begin something new.
+bool IsOwnerPrefix(std::string_view text);
 
 #endif

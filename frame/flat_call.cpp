@@ -9,8 +9,9 @@
 namespace flat {
 namespace {
 
+// Nobody may look before the next change: then a change costs the same however many rows are open.
 void RequeryIfOpen(CKyRecSet* set) {
-  if (set != nullptr && set->IsOpen()) set->Requery();
+  if (set != nullptr) set->RequeryLater();
 }
 
 }  // namespace
@@ -32,68 +33,83 @@ WORD CodeOfCurrentException() {
   return kDbException;
 }
 
-WORD Open(CKyRecSet* set) {
-  return Code(set, [&] { return set->Open(set->m_nOpenType, nullptr, 0) ? kOk : kNotOpened; });
+WORD Open(CKyRecSet* set, const char* function) {
+  return Code(
+      set, [&] { return set->Open(set->m_nOpenType, nullptr, 0) ? kOk : kNotOpened; }, function);
 }
 
-WORD Close(CKyRecSet* set) {
-  return Code(set, [&] {
+WORD Close(CKyRecSet* set, const char* function) {
+  const auto close = [&] {
     set->Close();
     return set->IsOpen() ? kCloseFailed : kOk;
-  });
+  };
+  return Code(set, close, function);
 }
 
-BOOL IsOpen(const CKyRecSet* set, BOOL after_exception) {
+// A closed set is an answer, not a failure, and so is having no connection.
+BOOL IsOpen(const CKyRecSet* set, BOOL after_exception, const char* function) {
   if (set == nullptr) return FALSE;
-  try {
-    return set->IsOpen();
-  } catch (...) {
-    CodeOfCurrentException();
-    return after_exception;
-  }
+  BOOL open = after_exception;
+  const auto ask = [&] {
+    open = set->IsOpen();
+    return kOk;
+  };
+  Code(set, ask, function);
+  return open;
 }
 
-LONG IndexPos(const CKyRecSet* set) {
-  return Position(set, [&] { return set->GetIndexPos(); });
+LONG IndexPos(CKyRecSet* set, const char* function) {
+  const auto read = [&] {
+    set->CatchUp();
+    return set->GetIndexPos();
+  };
+  return Position(set, read, function);
 }
 
-LONG MoveToPos(CKyRecSet* set, LONG position) {
-  return Position(set, [&] { return set->MoveToPos(position); });
+LONG MoveToPos(CKyRecSet* set, LONG position, const char* function) {
+  return Moved(
+      set, [&] { return set->MoveToPos(position); }, function);
 }
 
-LONG MoveToDelta(CKyRecSet* set, LONG delta) {
-  return Position(set, [&] { return set->MoveToDelta(delta); });
+LONG MoveToDelta(CKyRecSet* set, LONG delta, const char* function) {
+  return Moved(
+      set, [&] { return set->MoveToDelta(delta); }, function);
 }
 
-LONG MoveToIntID(CKyRecSet* set, LONG id) {
-  return Position(set, [&] { return set->MoveToIntID(id); });
+LONG MoveToIntID(CKyRecSet* set, LONG id, const char* function) {
+  return Moved(
+      set, [&] { return set->MoveToIntID(id); }, function);
 }
 
 WORD SetFilter(CKyRecSet* set, LONG fields, LONG operators, const void* value1, const void* value2,
-               const void* value3, const void* value4) {
+               const void* value3, const void* value4, const char* function) {
   // The record sets' operation has always taken plain pointers; it only reads what they point to.
   const auto value = [](const void* pointer) { return const_cast<void*>(pointer); };
-  return Code(set, [&] {
+  const auto filter = [&] {
     return set->SetFilter(fields, operators, value(value1), value(value2), value(value3), value(value4));
-  });
+  };
+  return Code(set, filter, function);
 }
 
-WORD SetSortIndex(CKyRecSet* set, LONG sort_index) {
-  return Code(set, [&] { return set->SetSortIndex(sort_index); });
+WORD SetSortIndex(CKyRecSet* set, LONG sort_index, const char* function) {
+  return Code(
+      set, [&] { return set->SetSortIndex(sort_index); }, function);
 }
 
-WORD DeleteByPos(CKyRecSet* set, LONG position) {
-  return Code(set, [&] { return set->DeleteByPos(position); });
+WORD DeleteByPos(CKyRecSet* set, LONG position, const char* function) {
+  return Code(
+      set, [&] { return set->DeleteByPos(position); }, function);
 }
 
-WORD MaxPos(CKyRecSet* set, LONG* count) {
-  return CodeWith(set, count, [&] {
+WORD MaxPos(CKyRecSet* set, LONG* count, const char* function) {
+  const auto read = [&] {
     Put(count, LONG{0});
     LONG rows = 0;
     const WORD code = set->GetMaxPos(&rows);
     Put(count, rows);
     return code;
-  });
+  };
+  return CodeWith(set, count, read, function);
 }
 
 WORD RequeryAfter(WORD code, CKyRecSet* set, CKyRecSet* joined) {

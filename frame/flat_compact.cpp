@@ -18,7 +18,9 @@ WORD DB_AddNewPat(tagPATIENTCOMPACT* record) {
   return flat::Change(Patients(), JoinedView(), record,
                       [&] { return compact::AddPatient(Patients(), record); });
 }
-WORD DB_EditPat(tagPATIENTCOMPACT* record) { return DB_EditSelPat(record, KYODBC_MASK_ALL); }
+WORD DB_EditPat(tagPATIENTCOMPACT* record) {
+  return flat::Through([&] { return DB_EditSelPat(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelPat(tagPATIENTCOMPACT* record, DWORD mask) {
   return flat::Change(Patients(), JoinedView(), record,
                       [&] { return compact::EditPatient(Patients(), record, mask); });

@@ -27,7 +27,9 @@ WORD DB_GetTCfgByPos(LONG position, tagTCONFIG* record) {
 WORD DB_GetTCfgMaxPos(LONG* count) { return flat::MaxPos(Configs(), count); }
 
 WORD DB_AddNewTCfg(tagTCONFIG* record) { return flat::Add(Configs(), record); }
-WORD DB_EditTCfg(tagTCONFIG* record) { return DB_EditSelTCfg(record, KYODBC_MASK_ALL); }
+WORD DB_EditTCfg(tagTCONFIG* record) {
+  return flat::Through([&] { return DB_EditSelTCfg(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelTCfg(tagTCONFIG* record, DWORD mask) { return flat::Edit(Configs(), record, mask); }
 WORD DB_DeleteTCfg(const tagTCONFIG* record) { return flat::Delete(Configs(), record); }
 WORD DB_GetTCfg(tagTCONFIG* record) { return flat::Get(Configs(), record); }

@@ -1,5 +1,6 @@
 // The exported names of the connection itself.
 #include <cstring>
+#include <string_view>
 
 #include "frame/KyODBC.h"
 #include "frame/flat_call.h"
@@ -18,12 +19,15 @@ void Terminate(char (&field)[N]) {
   field[text::FieldLength(field, N)] = '\0';
 }
 
-tagDBCONNECT Terminated(tagDBCONNECT parameters) {
+void TerminateAll(tagDBCONNECT& parameters) {
   Terminate(parameters.szDSN);
   Terminate(parameters.szUID);
   Terminate(parameters.szPWD);
   Terminate(parameters.szOwner);
-  return parameters;
+}
+
+std::string_view OwnerOf(const tagDBCONNECT& parameters) {
+  return {parameters.szOwner, strnlen(parameters.szOwner, sizeof parameters.szOwner)};
 }
 
 // An exclusive connection is made to a data source of its own, named with a suffix. False when the name
@@ -53,29 +57,54 @@ void ReadLibrarySettings(CDBConnection& connection) {
 WORD Initialise(CDBConnection& connection, const tagDBCONNECT& parameters) {
   // Stored before anything can fail: a refused call has replaced the parameters, and a reconnection uses
   // them.
-  connection.m_Params = Terminated(parameters);
+  connection.m_Params = parameters;
+  TerminateAll(connection.m_Params);
   if (connection.m_Params.bExclusive != 0 && !AppendExclusive(connection.m_Params)) return kBadArgument;
   const WORD code = connection.Connect();
-  if (code == kOk) ReadLibrarySettings(connection);
-  return code;
+  if (code != kOk) return code;
+  connection.m_bWanted = true;
+  ReadLibrarySettings(connection);
+  return kOk;
 }
 
 }  // namespace
 
 WORD DB_InitDatabase(const tagDBCONNECT* parameters) {
-  if (parameters == nullptr || parameters->szDSN[0] == '\0') return kBadArgument;
+  if (parameters == nullptr || parameters->szDSN[0] == '\0') return flat::Answer(kBadArgument);
+  if (!IsOwnerPrefix(OwnerOf(*parameters))) return flat::Answer(kBadArgument);
   CDBConnection& connection = TheConnection();
-  return flat::Code(&connection, [&] { return Initialise(connection, *parameters); });
+  return flat::Code(&connection, [&] {
+    const WORD code = Initialise(connection, *parameters);
+    if (!connection.m_bWanted) connection.ForgetPassword();
+    return code;
+  });
 }
 
 WORD DB_CloseDatabase() {
   CDBConnection& connection = TheConnection();
-  return flat::Code(&connection, [&] { return connection.CloseAll(); });
+  return flat::Code(&connection, [&] {
+    connection.m_bWanted = false;
+    connection.ForgetPassword();
+    return connection.CloseAll();
+  });
 }
 
+// No connection is an answer, not a failure.
 BOOL DB_IsDatabaseOpen() {
-  const CDatabase* database = TheConnection().m_pDatabase;
-  return database != nullptr ? database->IsOpen() : FALSE;
+  BOOL open = FALSE;
+  flat::Through([&] {
+    const CDatabase* database = TheConnection().m_pDatabase;
+    open = database != nullptr ? database->IsOpen() : FALSE;
+    return kOk;
+  });
+  return open;
 }
 
-CDatabase* DB_GetDatabase() { return TheConnection().m_pDatabase; }
+CDatabase* DB_GetDatabase() {
+  CDatabase* database = nullptr;
+  flat::Through([&] {
+    database = TheConnection().m_pDatabase;
+    return database == nullptr ? kNotOpened : kOk;
+  });
+  return database;
+}

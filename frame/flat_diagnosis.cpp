@@ -27,7 +27,9 @@ WORD DB_GetTDiagByPos(LONG position, tagTDIAGNOSIS* record) {
 WORD DB_GetTDiagMaxPos(LONG* count) { return flat::MaxPos(Diagnoses(), count); }
 
 WORD DB_AddNewTDiag(tagTDIAGNOSIS* record) { return flat::Add(Diagnoses(), record); }
-WORD DB_EditTDiag(tagTDIAGNOSIS* record) { return DB_EditSelTDiag(record, KYODBC_MASK_ALL); }
+WORD DB_EditTDiag(tagTDIAGNOSIS* record) {
+  return flat::Through([&] { return DB_EditSelTDiag(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelTDiag(tagTDIAGNOSIS* record, DWORD mask) { return flat::Edit(Diagnoses(), record, mask); }
 WORD DB_DeleteTDiag(const tagTDIAGNOSIS* record) { return flat::Delete(Diagnoses(), record); }
 WORD DB_GetTDiag(tagTDIAGNOSIS* record) { return flat::Get(Diagnoses(), record); }

@@ -29,7 +29,9 @@ WORD DB_GetTDrByPos(LONG position, tagTDOCTOR* record) { return flat::GetByPos(D
 WORD DB_GetTDrMaxPos(LONG* count) { return flat::MaxPos(Doctors(), count); }
 
 WORD DB_AddNewTDr(tagTDOCTOR* record) { return flat::Add(Doctors(), record); }
-WORD DB_EditTDr(tagTDOCTOR* record) { return DB_EditSelTDr(record, KYODBC_MASK_ALL); }
+WORD DB_EditTDr(tagTDOCTOR* record) {
+  return flat::Through([&] { return DB_EditSelTDr(record, KYODBC_MASK_ALL); });
+}
 // The view shows no more of a doctor than the name. The mask counts as passed, also when the doctor is found
 // by name and the name therefore not written.
 WORD DB_EditSelTDr(tagTDOCTOR* record, DWORD mask) {

@@ -25,7 +25,9 @@ WORD DB_GetTGrpByPos(LONG position, tagTGROUP* record) { return flat::GetByPos(G
 WORD DB_GetTGrpMaxPos(LONG* count) { return flat::MaxPos(Groups(), count); }
 
 WORD DB_AddNewTGrp(tagTGROUP* record) { return flat::Add(Groups(), record); }
-WORD DB_EditTGrp(tagTGROUP* record) { return DB_EditSelTGrp(record, KYODBC_MASK_ALL); }
+WORD DB_EditTGrp(tagTGROUP* record) {
+  return flat::Through([&] { return DB_EditSelTGrp(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelTGrp(tagTGROUP* record, DWORD mask) { return flat::Edit(Groups(), record, mask); }
 WORD DB_DeleteTGrp(const tagTGROUP* record) { return flat::Delete(Groups(), record); }
 WORD DB_GetTGrp(tagTGROUP* record) { return flat::Get(Groups(), record); }

@@ -26,7 +26,9 @@ WORD DB_GetTImgByPos(LONG position, tagTIMAGE* record) { return flat::GetByPos(I
 WORD DB_GetTImgMaxPos(LONG* count) { return flat::MaxPos(Images(), count); }
 
 WORD DB_AddNewTImg(tagTIMAGE* record) { return flat::Add(Images(), record); }
-WORD DB_EditTImg(tagTIMAGE* record) { return DB_EditSelTImg(record, KYODBC_MASK_ALL); }
+WORD DB_EditTImg(tagTIMAGE* record) {
+  return flat::Through([&] { return DB_EditSelTImg(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelTImg(tagTIMAGE* record, DWORD mask) { return flat::Edit(Images(), record, mask); }
 WORD DB_DeleteTImg(const tagTIMAGE* record) { return flat::Delete(Images(), record); }
 WORD DB_GetTImg(tagTIMAGE* record) { return flat::Get(Images(), record); }

@@ -25,7 +25,9 @@ WORD DB_GetTMakByPos(LONG position, tagTMAKRO* record) { return flat::GetByPos(M
 WORD DB_GetTMakMaxPos(LONG* count) { return flat::MaxPos(Makros(), count); }
 
 WORD DB_AddNewTMak(tagTMAKRO* record) { return flat::Add(Makros(), record); }
-WORD DB_EditTMak(tagTMAKRO* record) { return DB_EditSelTMak(record, KYODBC_MASK_ALL); }
+WORD DB_EditTMak(tagTMAKRO* record) {
+  return flat::Through([&] { return DB_EditSelTMak(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelTMak(tagTMAKRO* record, DWORD mask) { return flat::Edit(Makros(), record, mask); }
 WORD DB_DeleteTMak(const tagTMAKRO* record) { return flat::Delete(Makros(), record); }
 WORD DB_GetTMak(tagTMAKRO* record) { return flat::Get(Makros(), record); }

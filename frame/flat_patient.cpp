@@ -31,7 +31,9 @@ WORD DB_GetTPatByPos(LONG position, tagTPATIENT* record) {
 WORD DB_GetTPatMaxPos(LONG* count) { return flat::MaxPos(Patients(), count); }
 
 WORD DB_AddNewTPat(tagTPATIENT* record) { return flat::Add(Patients(), record, JoinedView()); }
-WORD DB_EditTPat(tagTPATIENT* record) { return DB_EditSelTPat(record, KYODBC_MASK_ALL); }
+WORD DB_EditTPat(tagTPATIENT* record) {
+  return flat::Through([&] { return DB_EditSelTPat(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelTPat(tagTPATIENT* record, DWORD mask) {
   return flat::Edit(Patients(), record, mask, JoinedView());
 }

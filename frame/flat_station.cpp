@@ -28,7 +28,9 @@ WORD DB_GetTStatByPos(LONG position, tagTSTATION* record) {
 WORD DB_GetTStatMaxPos(LONG* count) { return flat::MaxPos(Stations(), count); }
 
 WORD DB_AddNewTStat(tagTSTATION* record) { return flat::Add(Stations(), record); }
-WORD DB_EditTStat(tagTSTATION* record) { return DB_EditSelTStat(record, KYODBC_MASK_ALL); }
+WORD DB_EditTStat(tagTSTATION* record) {
+  return flat::Through([&] { return DB_EditSelTStat(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelTStat(tagTSTATION* record, DWORD mask) { return flat::Edit(Stations(), record, mask); }
 WORD DB_DeleteTStat(const tagTSTATION* record) { return flat::Delete(Stations(), record); }
 WORD DB_GetTStat(tagTSTATION* record) { return flat::Get(Stations(), record); }

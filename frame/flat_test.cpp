@@ -29,7 +29,9 @@ WORD DB_GetTTestByPos(LONG position, tagTTEST* record) { return flat::GetByPos(T
 WORD DB_GetTTestMaxPos(LONG* count) { return flat::MaxPos(Tests(), count); }
 
 WORD DB_AddNewTTest(tagTTEST* record) { return flat::Add(Tests(), record); }
-WORD DB_EditTTest(tagTTEST* record) { return DB_EditSelTTest(record, KYODBC_MASK_ALL); }
+WORD DB_EditTTest(tagTTEST* record) {
+  return flat::Through([&] { return DB_EditSelTTest(record, KYODBC_MASK_ALL); });
+}
 // A test without a person gets "?", in the caller's record too and whether or not the edit succeeds.
 WORD DB_EditSelTTest(tagTTEST* record, DWORD mask) {
   if (Tests() != nullptr && record != nullptr && record->szPerson[0] == '\0') {

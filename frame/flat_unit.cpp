@@ -25,7 +25,9 @@ WORD DB_GetTUnitByPos(LONG position, tagTUNIT* record) { return flat::GetByPos(U
 WORD DB_GetTUnitMaxPos(LONG* count) { return flat::MaxPos(Units(), count); }
 
 WORD DB_AddNewTUnit(tagTUNIT* record) { return flat::Add(Units(), record); }
-WORD DB_EditTUnit(tagTUNIT* record) { return DB_EditSelTUnit(record, KYODBC_MASK_ALL); }
+WORD DB_EditTUnit(tagTUNIT* record) {
+  return flat::Through([&] { return DB_EditSelTUnit(record, KYODBC_MASK_ALL); });
+}
 WORD DB_EditSelTUnit(tagTUNIT* record, DWORD mask) { return flat::Edit(Units(), record, mask); }
 WORD DB_DeleteTUnit(const tagTUNIT* record) { return flat::Delete(Units(), record); }
 WORD DB_GetTUnit(tagTUNIT* record) { return flat::Get(Units(), record); }

@@ -21,33 +21,38 @@ WORD PutText(char* buffer, LONG size, std::string_view value) {
 
 BOOL DB_CheckVersion(WORD version, WORD* library_version) {
   if (library_version != nullptr) flat::Put(library_version, WORD{KYODBC_INTERFACE_VERSION});
-  return version <= KYODBC_INTERFACE_VERSION ? TRUE : FALSE;
+  const bool usable = version <= KYODBC_INTERFACE_VERSION;
+  flat::Answer(usable ? kOk : kBadArgument);
+  return usable ? TRUE : FALSE;
 }
 
 WORD DB_GetInfo(tagDBINFO* info) {
-  if (info == nullptr) return kBadArgument;
+  if (info == nullptr) return flat::Answer(kBadArgument);
   const CDBConnection& connection = TheConnection();
-  if (connection.m_pDatabase == nullptr) return kNotOpened;
-  *info = {};
-  try {
-    const CString database = connection.m_pDatabase->GetDatabaseName();
-    PutText(info->szDSN, sizeof info->szDSN, connection.m_Params.szDSN);
-    PutText(info->szDatabase, sizeof info->szDatabase, database.View());
-    return kOk;
-  } catch (CDBException* exception) {
-    return klog::Caught(exception, kCountFailed);
-  } catch (...) {
-    return flat::CodeOfCurrentException();
-  }
+  return flat::Code(connection.m_pDatabase, [&]() -> WORD {
+    *info = {};
+    try {
+      const CString database = connection.m_pDatabase->GetDatabaseName();
+      PutText(info->szDSN, sizeof info->szDSN, connection.m_Params.szDSN);
+      PutText(info->szDatabase, sizeof info->szDatabase, database.View());
+      return kOk;
+    } catch (CDBException* exception) {
+      return klog::Caught(exception, kCountFailed);
+    }
+  });
 }
 
 WORD DB_GetDBVersion(double* version) {
-  if (version != nullptr) flat::Put(version, TheConnection().m_dDBVersion);
-  return kOk;
+  return flat::Through([&] {
+    if (version != nullptr) flat::Put(version, TheConnection().m_dDBVersion);
+    return kOk;
+  });
 }
 
-WORD DB_GetDBMS(char* buffer, LONG size) { return PutText(buffer, size, TheConnection().m_strDBMS.View()); }
+WORD DB_GetDBMS(char* buffer, LONG size) {
+  return flat::Through([&] { return PutText(buffer, size, TheConnection().m_strDBMS.View()); });
+}
 
 WORD DB_GetDBOwner(char* buffer, LONG size) {
-  return PutText(buffer, size, TheConnection().m_Params.szOwner);
+  return flat::Through([&] { return PutText(buffer, size, TheConnection().m_Params.szOwner); });
 }

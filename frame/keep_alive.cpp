@@ -2,6 +2,7 @@
 #include "frame/connection.h"
 #include "platform/cdbexception.h"
 #include "platform/log.h"
+#include "platform/refusal.h"
 #include "platform/result_codes.h"
 
 namespace {
@@ -21,6 +22,7 @@ bool CDBConnection::Ping() {
     return true;
   } catch (CDBException* exception) {
     klog::Debug(exception->m_strError.View());
+    refusal::Remember(*exception, kNotOpened);
     exception->Delete();
   } catch (CException* exception) {
     exception->Delete();

@@ -71,7 +71,7 @@ void PutValue(const char* value, char* buffer, LONG size, LONG* length) {
 
 struct NumberText {
   explicit NumberText(LONG number) { *std::to_chars(text, text + sizeof text, number).ptr = '\0'; }
-  char text[16];
+  char text[16] = {};
 };
 
 // Numbers outside the 32 bits become the nearest one inside.
@@ -87,7 +87,7 @@ WORD DB_GetProfileString(const char* key, const char* station, const char* defau
   if (default_text == nullptr || buffer == nullptr || size <= 0) {
     // Even a buffer of size 0 is emptied: callers read it without looking at the code.
     if (buffer != nullptr) *buffer = '\0';
-    return kBadArgument;
+    return flat::Answer(kBadArgument);
   }
   const CDatabase* database = TheConnection().m_pDatabase;
   if (database == nullptr) PutValue(default_text, buffer, size, length);
@@ -99,7 +99,7 @@ WORD DB_GetProfileString(const char* key, const char* station, const char* defau
 }
 
 WORD DB_WriteProfileString(const char* key, const char* station, const char* value) {
-  if (key == nullptr || station == nullptr || value == nullptr) return kBadArgument;
+  if (key == nullptr || station == nullptr || value == nullptr) return flat::Answer(kBadArgument);
   return flat::Code(TheConnection().m_pDatabase, [&] {
     tagTCONFIG setting{};
     PutField(setting.szSet, value);
@@ -109,16 +109,17 @@ WORD DB_WriteProfileString(const char* key, const char* station, const char* val
 }
 
 WORD DB_GetProfileInt(const char* key, const char* station, LONG default_value, LONG* value) {
-  if (value == nullptr) return kBadArgument;
+  if (value == nullptr) return flat::Answer(kBadArgument);
   const NumberText default_text(default_value);
   // A failure that leaves the buffer alone hands back the default.
   char buffer[kValueSize] = {};
   std::strcpy(buffer, default_text.text);
-  const WORD code = DB_GetProfileString(key, station, default_text.text, buffer, kValueSize, nullptr);
+  const WORD code = flat::Through(
+      [&] { return DB_GetProfileString(key, station, default_text.text, buffer, kValueSize, nullptr); });
   flat::Put(value, LeadingNumber(buffer));
   return code;
 }
 
 WORD DB_WriteProfileInt(const char* key, const char* station, LONG value) {
-  return DB_WriteProfileString(key, station, NumberText(value).text);
+  return flat::Through([&] { return DB_WriteProfileString(key, station, NumberText(value).text); });
 }

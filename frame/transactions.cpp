@@ -4,12 +4,15 @@
 
 namespace {
 
-WORD Run(BOOL (CDatabase::*operation)()) {
+WORD Run(BOOL (CDatabase::*operation)(), const char* function = __builtin_FUNCTION()) {
   CDatabase* database = TheConnection().m_pDatabase;
-  return flat::Code(database, [&] {
+  const auto run = [&] {
+    // A lost connection is none; what the data source can do does not come into it.
+    if (!database->IsOpen()) return kNotOpened;
     if (!database->CanTransact()) return kNoTransactions;
     return (database->*operation)() ? kOk : kBadArgument;
-  });
+  };
+  return flat::Code(database, run, function);
 }
 
 }  // namespace

@@ -2,11 +2,13 @@
 #include "recset/upcalls.h"
 
 #include "frame/KyODBC.h"
+#include "frame/connection.h"
 #include "platform/result_codes.h"
 
 namespace upcalls {
 
-CDatabase* LibraryDatabase() { return DB_GetDatabase(); }
+// Not through the exported function: that there is no connection is no failure of a caller's call here.
+CDatabase* LibraryDatabase() { return TheConnection().m_pDatabase; }
 
 bool LibraryOwner(char* buffer, LONG size) { return DB_GetDBOwner(buffer, size) == kOk; }
 
