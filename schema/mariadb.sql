@@ -64,7 +64,7 @@ CREATE TABLE IF NOT EXISTS TPatient (
   tPatDBirthday     DATE,
   tPatSSex          VARCHAR(255),
   tPatDEntry        DATE,
-  tPatTsLastDisp    DATETIME,
+  tPatTsLastDisp    DATETIME(6),
   tPatSIDDisp       VARCHAR(255),
   tPatFSelect       SMALLINT,
   tPatSResponsible  VARCHAR(255),
@@ -88,7 +88,7 @@ CREATE TABLE IF NOT EXISTS TImage (
   tImgSType           VARCHAR(255),
   tImgSRegio          VARCHAR(255),
   tImgSName           VARCHAR(255),
-  tImgTs              DATETIME,
+  tImgTs              DATETIME(6),
   tImgSPreg           VARCHAR(255),
   tImgSOrdType        VARCHAR(255),
   tImgSOrdRegio       VARCHAR(255),
@@ -124,13 +124,13 @@ CREATE TABLE IF NOT EXISTS TMakro (
   tMakCulIntMakIDPk INT NOT NULL AUTO_INCREMENT PRIMARY KEY,
   tMakCulIntImgIDFk INT,
   tMakSName         VARCHAR(255),
-  tMakTsLast        DATETIME,
+  tMakTsLast        DATETIME(6),
   tMakSLoc          VARCHAR(255),
   tMakSFile         VARCHAR(255),
   tMakUwNo          INT,
   tMakSAdd          MEDIUMTEXT,
   tMakSRegio        VARCHAR(255),
-  tMakTsCreate      DATETIME
+  tMakTsCreate      DATETIME(6)
 ) ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin;
 
 CREATE INDEX IF NOT EXISTS TMakro_CulIntImgIDFk_UwNo ON TMakro (tMakCulIntImgIDFk, tMakUwNo);
@@ -142,13 +142,13 @@ CREATE TABLE IF NOT EXISTS TGroup (
   tGrpCulIntGrpIDPk INT NOT NULL AUTO_INCREMENT PRIMARY KEY,
   tGrpCulIntPatIDFk INT,
   tGrpSName         VARCHAR(255),
-  tGrpTs            DATETIME,
+  tGrpTs            DATETIME(6),
   tGrpSLoc          VARCHAR(255),
   tGrpSFile         VARCHAR(255),
   tGrpUwMakNo       INT,
   tGrpSPvwLoc       VARCHAR(255),
   tGrpSPvwFile      VARCHAR(255),
-  tGrpTsLast        DATETIME,
+  tGrpTsLast        DATETIME(6),
   tGrpSResponsible  VARCHAR(255),
   tGrpSAdd          MEDIUMTEXT
 ) ENGINE=InnoDB CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin;
@@ -163,7 +163,7 @@ CREATE TABLE IF NOT EXISTS TDiagnosis (
   tDiagCulIntImgIDFk  INT,
   tDiagCulIntDrIDFk   INT,
   tDiagSRegio         VARCHAR(255),
-  tDiagTs             DATETIME,
+  tDiagTs             DATETIME(6),
   tDiagSCode          VARCHAR(255),
   tDiagSText          MEDIUMTEXT,
   tDiagSResponsible   VARCHAR(255),
@@ -198,7 +198,7 @@ CREATE TABLE IF NOT EXISTS TTest (
   tTstSType          VARCHAR(255),
   tTstSRegio         VARCHAR(255),
   tTstSName          VARCHAR(255),
-  tTstTs             DATETIME,
+  tTstTs             DATETIME(6),
   tTstSResult        MEDIUMTEXT,
   tTstSLoc           VARCHAR(255),
   tTstSFile          VARCHAR(255),
