@@ -1,0 +1,155 @@
+// Each scenario with call 1 failing, then call 2, and so on, in every way of failing.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <optional>
+
+#include "tests/faults/connection.h"
+#include "tests/faults/database_state.h"
+#include "tests/faults/hurried_clock.h"
+#include "tests/faults/scenario.h"
+#include "tests/support/raw_odbc.h"
+
+namespace faults {
+namespace {
+
+struct Failure {
+  const char* name;
+  const char* order;  // behind "call N"
+};
+
+constexpr Failure kFailures[] = {
+    {"error",            "error HY000 1"      },
+    {"error afterwards", "error HY000 1 after"},
+    {"no diagnostics",   "error records 0"    },
+    {"refused",          "error 40001 1213"   },
+    {"lost",             "lost"               },
+    {"lost afterwards",  "lost after"         },
+    {"information",      "info 01000 7"       },
+    {"never ending",     "executing endless"  },
+    {"executing thrice", "executing 3"        },
+};
+
+// Without KYODBC_TEST_FAULTS=full, one run in so many is made, a different one for each way of failing.
+int Stride() {
+  const char* asked = std::getenv("KYODBC_TEST_FAULTS");
+  if (asked != nullptr && std::strcmp(asked, "full") == 0) return 1;
+  return support::CurrentKind().User().empty() ? 12 : 90;
+}
+
+// What all scenarios share: a practice with a row in each table, and a connection past library and driver.
+struct Stage {
+  Stage() : source(practice), raw(practice) {
+    UseSource(source);
+    EXPECT_EQ(Connect(), 0);
+    keys = AddRows();
+    EXPECT_EQ(DB_CloseDatabase(), 0);
+    state.emplace(raw);
+    EXPECT_EQ(TheFaultDriver().Handles(0), 0);
+  }
+
+  support::Practice practice;
+  FaultSource source;
+  support::RawOdbc raw;
+  Keys keys;
+  std::optional<DatabaseState> state;
+  int runs = 0;
+  int changed = 0;
+};
+
+class Exhaustion : public testing::TestWithParam<Scenario> {
+ public:
+  static void SetUpTestSuite() { m_stage = std::make_unique<Stage>(); }
+  static void TearDownTestSuite() {
+    std::printf("%d runs with a failing call, after %d of which the change was there\n", m_stage->runs,
+                m_stage->changed);
+    m_stage.reset();
+  }
+
+ protected:
+  void TearDown() override {
+    TheFaultDriver().Forget();
+    DB_CloseDatabase();
+    m_stage->state->PutBack();
+  }
+
+  // Runs the scenario once, with the order, and ends it with a closed library.
+  void Run(const std::string& order) {
+    const Scenario& scenario = GetParam();
+    if (!scenario.connects) {
+      ASSERT_EQ(Connect(), 0) << "the library does not work again";
+    }
+    if (scenario.prepare != nullptr) scenario.prepare(m_stage->keys);
+    m_answers = {};
+    if (!order.empty()) TheFaultDriver().Order(order);
+    {
+      const HurriedClock clock;
+      scenario.run(m_answers, m_stage->keys);
+      m_happened = TheFaultDriver().Happened() != 0;
+    }
+    TheFaultDriver().Forget();
+    EXPECT_EQ(DB_CloseDatabase(), 0);
+    EXPECT_EQ(DB_IsDatabaseOpen(), 0);
+  }
+
+  void Reference() {
+    Run("");
+    ASSERT_TRUE(m_answers.AllWell()) << m_answers.Text();
+    m_after = m_stage->state->Read();
+    m_stage->state->PutBack();
+  }
+
+  // Codes, handles and the database after a run.
+  void Check() {
+    EXPECT_EQ(m_answers.NotAllowed(), "");
+    EXPECT_EQ(TheFaultDriver().Handles(0), 0);
+    const State state = m_stage->state->Read();
+    if (state == m_stage->state->Before() && (!m_answers.AllWell() || m_after == state)) return;
+    ++m_stage->changed;
+    EXPECT_TRUE(IsAfter(state)) << Difference(m_after, state);
+    m_stage->state->PutBack();
+  }
+
+  bool IsAfter(State state) const {
+    State after = m_after;
+    if (GetParam().row_by_row && !m_answers.AllWell()) return true;
+    if (GetParam().derives) after["TPatient"] = state["TPatient"];
+    return state == after;
+  }
+
+  void FailAtEveryCall(const Failure& failure, int offset) {
+    const int stride = Stride();
+    for (int number = 1 + offset % stride;; number += stride) {
+      SCOPED_TRACE(std::string(failure.name) + " at call " + std::to_string(number));
+      Run("call " + std::to_string(number) + " " + failure.order);
+      if (HasFatalFailure()) return;
+      if (!m_happened) return m_stage->state->PutBack();
+      ++m_stage->runs;
+      SCOPED_TRACE(std::string(TheFaultDriver().Last()) + "; " + m_answers.Text());
+      Check();
+      if (HasFailure()) return;
+    }
+  }
+
+  static std::unique_ptr<Stage> m_stage;
+  Answers m_answers;
+  State m_after;
+  bool m_happened = false;
+};
+std::unique_ptr<Stage> Exhaustion::m_stage;
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, Exhaustion, testing::ValuesIn(AllScenarios()),
+                         [](const auto& scenario) { return scenario.param.name; });
+
+TEST_P(Exhaustion, WhicheverCallFailsNothingIsHalvedDoubledOrLeftBehind) {
+  Reference();
+  if (HasFailure()) return;
+  int offset = static_cast<int>(GetParam().name.size());
+  for (const Failure& failure : kFailures) FailAtEveryCall(failure, offset++);
+}
+
+}  // namespace
+}  // namespace faults

@@ -1,0 +1,56 @@
+// What is done while calls fail: a row for each kind of work with the library.
+#ifndef KYODBC_TESTS_FAULTS_SCENARIO_H
+#define KYODBC_TESTS_FAULTS_SCENARIO_H
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "frame/KyODBC.h"
+
+namespace faults {
+
+using Codes = std::set<WORD>;
+
+// The answers of one run.
+class Answers {
+ public:
+  // Notes a code that one of `allowed` must be, and returns it. 0 is allowed everywhere.
+  WORD Code(const char* call, WORD code, const Codes& allowed);
+  // Notes a position, of which 0 is a failure.
+  LONG Position(const char* call, LONG position);
+
+  bool AllWell() const { return m_all_well; }
+  const std::string& NotAllowed() const { return m_not_allowed; }  // empty: all codes were allowed
+  const std::string& Text() const { return m_text; }               // all answers, for a reader
+
+ private:
+  bool m_all_well = true;
+  std::string m_not_allowed;
+  std::string m_text;
+};
+
+// Keys of the rows that each table has from the start, by the table's short name in function names.
+using Keys = std::map<std::string, LONG>;
+
+struct Scenario {
+  std::string name;
+  void (*run)(Answers& answers, const Keys& keys);
+  void (*prepare)(const Keys& keys) = nullptr;  // before calls fail
+  bool connects = false;                        // starts without a connection
+  bool derives = false;                         // the patient's last display may lag behind
+  bool row_by_row = false;                      // changes several rows, each by itself
+};
+
+std::vector<Scenario> BrowsingScenarios();
+std::vector<Scenario> RowScenarios();
+std::vector<Scenario> OtherScenarios();
+std::vector<Scenario> AllScenarios();
+
+// Adds the rows that the scenarios work on, one in each table, to an empty practice that is connected.
+Keys AddRows();
+
+}  // namespace faults
+
+#endif

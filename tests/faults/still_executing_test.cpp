@@ -1,0 +1,97 @@
+// A driver that never gets done: the library waits as long as a statement may take, and no longer.
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "platform/cdatabase.h"
+#include "tests/faults/connection.h"
+#include "tests/faults/hurried_clock.h"
+#include "tests/support/raw_odbc.h"
+
+namespace faults {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class StillExecuting : public testing::Test {
+ protected:
+  StillExecuting() : m_source(m_practice) {
+    UseSource(m_source);
+    EXPECT_EQ(Connect(), 0);
+  }
+  ~StillExecuting() override {
+    TheFaultDriver().Forget();
+    EXPECT_EQ(DB_CloseDatabase(), 0);
+    EXPECT_EQ(TheFaultDriver().Handles(0), 0);
+  }
+
+  // The virtual time that opening the patients takes.
+  static double SecondsToOpen(WORD* code) {
+    const HurriedClock clock;
+    const auto start = Clock::now();
+    *code = DB_OpenTDr();
+    return std::chrono::duration<double>(Clock::now() - start).count();
+  }
+
+  support::Practice m_practice;
+  FaultSource m_source;
+};
+
+TEST_F(StillExecuting, AStatementThatNeverEndsIsGivenUpAfterTheQueryTimeout) {
+  WORD code = 0;
+  TheFaultDriver().Order("SQLExecute 1 executing endless");
+  const double seconds = SecondsToOpen(&code);
+  EXPECT_EQ(code, 31);
+  EXPECT_GE(seconds, 15);
+  EXPECT_LT(seconds, 20);
+  EXPECT_EQ(DB_OpenTDr(), 0);
+}
+
+TEST_F(StillExecuting, AnotherQueryTimeoutIsKeptTo) {
+  WORD code = 0;
+  DB_GetDatabase()->SetQueryTimeout(3);
+  TheFaultDriver().Order("SQLExecute 1 executing endless");
+  const double seconds = SecondsToOpen(&code);
+  EXPECT_EQ(code, 31);
+  EXPECT_GE(seconds, 3);
+  EXPECT_LT(seconds, 6);
+}
+
+TEST_F(StillExecuting, AStatementThatGetsDoneInTimeSucceeds) {
+  TheFaultDriver().Order("SQLExecute 1 executing 100");
+  EXPECT_EQ(DB_OpenTDr(), 0);
+  EXPECT_EQ(TheFaultDriver().Happened(), 1);
+}
+
+using LyingEnd = StillExecuting;
+
+TEST_F(LyingEnd, AConnectionWhoseDisconnectingFailsOnceIsEndedAllTheSame) {
+  TheFaultDriver().Order("SQLDisconnect 1 error");
+  EXPECT_EQ(DB_CloseDatabase(), 0);
+  EXPECT_EQ(TheFaultDriver().Happened(), 1);
+  EXPECT_EQ(TheFaultDriver().Handles(0), 0);
+}
+
+// Whatever becomes of begin and rollback, a change afterwards is stored.
+TEST_F(LyingEnd, AChangeIsStoredAfterABeginAndARollbackOfWhichAnyCallFailed) {
+  for (const char* way : {"error", "error after"}) {
+    for (int number = 1; number < 1000; ++number) {
+      TheFaultDriver().Order("call " + std::to_string(number) + " " + way);
+      DB_BeginTransaction();
+      DB_RollbackTransaction();
+      const bool happened = TheFaultDriver().Happened() != 0;
+      TheFaultDriver().Forget();
+      // A rollback that failed may be tried again; a connection that was given up is made again by an open.
+      DB_RollbackTransaction();
+      ASSERT_EQ(DB_OpenTPat(), 0) << way << " at call " << number;
+      ASSERT_EQ(DB_WriteProfileInt("After", "-", number), 0) << way << " at call " << number;
+      support::RawOdbc raw(m_practice);
+      ASSERT_EQ(raw.Text("SELECT tCfgSSet FROM TConfig WHERE tCfgSKey = 'After'"), std::to_string(number))
+          << way << " at call " << number;
+      if (!happened) break;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace faults
