@@ -22,7 +22,8 @@ TYPED_TEST(ColumnLists, TheSetSelectsExactlyItsColumnsInTheirOrder) {
     columns += (columns.empty() ? "" : ",") + std::string(field.column);
   typename TypeParam::Set set(nullptr, nullptr);
   ASSERT_NE(set.Open(set.m_nOpenType, nullptr, 0), 0);
-  EXPECT_EQ(std::string(set.GetSQL().View()), "SELECT " + columns + " FROM " + TypeParam::kTable);
+  EXPECT_EQ(std::string(set.GetSQL().View()),
+            "SELECT " + columns + " FROM " + this->m_practice.Owner() + TypeParam::kTable);
   EXPECT_EQ(set.GetODBCFieldCount(), static_cast<short>(std::size(TypeParam::kFields)));
   EXPECT_NE(set.CanUpdate(), 0);
 }
@@ -93,7 +94,12 @@ class ColumnWidths : public support::ConnectedTest {
       "INSERT INTO TStation (tStatCulIntStatIDPk, tStatSName) VALUES (50,'";
 };
 
-TEST_F(ColumnWidths, WithoutAnOwnerTheSetsAreDynasetsOverTheBareNames) {
+class SetsWithoutAnOwner : public support::ConnectedTest {
+ protected:
+  SetsWithoutAnOwner() : ConnectedTest({.with_owner = false}) {}
+};
+
+TEST_F(SetsWithoutAnOwner, AreDynasetsOverTheBareNames) {
   EXPECT_EQ(CStatRec(nullptr, nullptr).GetDefaultSQL(), "TStation");
   EXPECT_EQ(CStatRec(nullptr, nullptr).m_nOpenType, 0u);
 }

@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <string>
 
 #include "frame/connection.h"
@@ -69,7 +70,7 @@ TEST_F(KeepAlive, Gives57AfterMakingTheConnectionAnewWithNewSets) {
 }
 
 TEST_F(KeepAlive, Gives30WhenALivingConnectionDoesNotAnswer) {
-  Raw().Exec("DROP VIEW spky_ping");
+  RemovePing();
   EXPECT_FALSE(Connection().Ping());
   EXPECT_EQ(Connection().KeepAlive(), 30);
   EXPECT_NE(DB_IsDatabaseOpen(), 0);
@@ -90,7 +91,7 @@ TEST_F(KeepAlive, AConnectionThatIsOpenIsNotMadeAgain) {
 }
 
 TEST_F(KeepAlive, AFailedPingLeavesTheMessageInTheDebugLog) {
-  Raw().Exec("DROP VIEW spky_ping");
+  RemovePing();
   const std::string file = m_practice.Folder() / "log.txt";
   setenv("KYODBC_LOG", "debug", 1);
   setenv("KYODBC_LOG_FILE", file.c_str(), 1);
@@ -100,8 +101,10 @@ TEST_F(KeepAlive, AFailedPingLeavesTheMessageInTheDebugLog) {
   unsetenv("KYODBC_LOG_FILE");
   klog::Reconfigure();
   std::ifstream log(file);
-  const std::string content{std::istreambuf_iterator<char>(log), {}};
-  EXPECT_NE(content.find("debug: no such"), std::string::npos) << content;
+  std::string content{std::istreambuf_iterator<char>(log), {}};
+  // Each database names the procedure in its message; the call itself is in the log anyway.
+  content.erase(0, content.find("{call") + 1);
+  EXPECT_TRUE(std::regex_search(content, std::regex("debug: [^{]*spky_ping"))) << content;
   EXPECT_EQ(content.find("error: "), std::string::npos) << content;
 }
 

@@ -84,7 +84,7 @@ TEST_F(CountsAndDates, WithoutARowTheNewestHasTheTablesCodeAndTheOutputsStay) {
 }
 
 TEST_F(CountsAndDates, AMissingTableGives3AndTheOutputsStay) {
-  Raw().Exec("ALTER TABLE TMakro RENAME TO TKept");
+  TakeAway("TMakro");
   LONG key = 77;
   EXPECT_EQ(CMakRec(nullptr, nullptr).CountRows(0, &key), 3);
   EXPECT_EQ(CMakRec(nullptr, nullptr).GetNewest(0, &key, nullptr), 3);

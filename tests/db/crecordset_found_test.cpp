@@ -246,7 +246,7 @@ TEST_F(ChangesThroughAView, AnEditedKeyIsNotTakenForAMissingRow) {
 }
 
 TEST_F(ChangesThroughAView, AViewIsKnownByItsNameInAnyCaseAndBehindAPrefix) {
-  std::vector<std::string> names = {support::CurrentKind().Owner(m_practice.Folder()) + "TStationRaw"};
+  std::vector<std::string> names = {support::CurrentKind().Owner(m_practice.Database()) + "TStationRaw"};
   if (KnowsTable("tstationraw")) names.emplace_back("tstationraw");
   for (const std::string& name : names) {
     StationView set(&m_database, true);

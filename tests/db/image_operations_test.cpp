@@ -119,8 +119,7 @@ TEST_F(ImageOperations, AnAddWithoutAPatientInsertsAndGivesOne) {
 
 TEST_F(ImageOperations, AnAddGives8WhenTheReplacedImagesCannotBeDeleted) {
   InsertPast("2001-05-06 10:00:00");
-  Raw().Exec("ALTER TABLE TImage RENAME TO TKept");
-  Raw().Exec("CREATE VIEW TImage AS SELECT DISTINCT * FROM TKept");
+  MakeReadOnly("TImage");
   tagTIMAGE image = Image(Ts(2001, 5, 6, 10, 0, 0));
   EXPECT_EQ(Add(&image), 8);
   EXPECT_EQ(Text(image.szLoc), "");  // as it was, so that it can be tried again
@@ -130,7 +129,7 @@ TEST_F(ImageOperations, AnAddGives8WhenTheReplacedImagesCannotBeDeleted) {
 }
 
 TEST_F(ImageOperations, AnAddGives3WhenTheImagesCannotBeRead) {
-  Raw().Exec("ALTER TABLE TImage RENAME TO TKept");
+  TakeAway("TImage");
   tagTIMAGE image = Image(Ts(2001, 5, 6, 10, 0, 0));
   EXPECT_EQ(Add(&image), 3);
 }
@@ -207,7 +206,7 @@ TEST_F(ImageOperations, ADeleteWithoutAPatientLeavesEveryPatientUnchanged) {
 }
 
 TEST_F(ImageOperations, ARefreshThatFailsDoesNotFailTheImage) {
-  Raw().Exec("ALTER TABLE TPatient RENAME TO TKept");
+  TakeAway("TPatient");
   const tagTIMAGE image = Added(Ts(2001, 5, 6, 10, 0, 0));
   EXPECT_EQ(Delete(image), 0);
   EXPECT_EQ(Images(), 0);

@@ -1,4 +1,6 @@
 // Finding a patient in the joined view by its sort values.
+#include <vector>
+
 #include "tests/db/joined_view.h"
 
 namespace {
@@ -7,15 +9,18 @@ constexpr LONG kDescending = 0x80;
 
 class PatExSeek : public JoinedView {
  protected:
-  // Every patient of the view is found where a walk over the view finds it.
+  // Every patient of the view is found where a walk over the same rows finds it. The order of rows with equal
+  // sort values is the database's own and may change from one execution to the next, so one set does both.
   static void ExpectAllFound(LONG sort_index) {
-    CPatExRec walk(nullptr, nullptr);
-    OpenSorted(walk, sort_index);
     CPatExRec view(nullptr, nullptr);
     OpenSorted(view, sort_index);
-    for (LONG position = 1; walk.MoveToPos(position) != 0; ++position) {
-      EXPECT_EQ(view.MoveToIntID(walk.m_lID), position) << "key " << walk.m_lID << ", sort " << sort_index;
-      EXPECT_EQ(view.m_lID, walk.m_lID);
+    std::vector<LONG> keys;
+    while (view.MoveToPos(static_cast<LONG>(keys.size()) + 1) != 0) keys.push_back(view.m_lID);
+    ASSERT_FALSE(keys.empty());
+    LONG position = 0;
+    for (const LONG key : keys) {
+      EXPECT_EQ(view.MoveToIntID(key), ++position) << "key " << key << ", sort " << sort_index;
+      EXPECT_EQ(view.m_lID, key);
       EXPECT_EQ(view.GetIndexPos(), position);
     }
   }
@@ -141,9 +146,11 @@ TEST_P(PatExSeek, ADatabaseErrorLeavesThePositionAsItIs) {
   AddMany();
   CPatExRec view(nullptr, nullptr);
   OpenSorted(view, 17);
+  char name[] = "Adam";
+  ASSERT_EQ(view.SetFilter(17, 7, name, nullptr, nullptr, nullptr), 0);
   view.MoveToPos(3);
   view.m_strFilter = "no such column = 1";
-  EXPECT_EQ(view.MoveToIntID(1), 3);
+  EXPECT_EQ(view.MoveToIntID(2), 3) << "hidden by the filter, so that rows have to be counted";
   EXPECT_EQ(view.GetIndexPos(), 3);
 }
 

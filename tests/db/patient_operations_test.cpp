@@ -71,8 +71,7 @@ TEST_F(PatientOperations, AnAddedPatientComesBackAsStored) {
 }
 
 TEST_F(PatientOperations, AnAddThatTheDatabaseRefusesIsTriedNineTimes) {
-  Raw().Exec("ALTER TABLE TPatient RENAME TO TKept");
-  Raw().Exec("CREATE VIEW TPatient AS SELECT DISTINCT * FROM TKept");
+  MakeReadOnly("TPatient");
   const std::string file = m_practice.Folder() / "log.txt";
   setenv("KYODBC_LOG", "error", 1);
   setenv("KYODBC_LOG_FILE", file.c_str(), 1);
@@ -106,7 +105,7 @@ TEST_F(PatientOperations, AnAddWithoutANaturalKeyInsertsAndGivesOne) {
 }
 
 TEST_F(PatientOperations, AnAddFailsWith6WhenTheTableIsMissing) {
-  Raw().Exec("ALTER TABLE TPatient RENAME TO TKept");
+  TakeAway("TPatient");
   tagTPATIENT patient = Patient("S1");
   EXPECT_EQ(Add(&patient), 6);
 }
@@ -321,9 +320,9 @@ TEST_F(SelectedPatients, AnIncompleteNameDoesNotStopIt) {
 }
 
 TEST_F(SelectedPatients, ItGives8WhenTheDatabaseRefusesAnd3WhenTheTableIsMissing) {
-  Raw().Exec("ALTER TABLE TPatient RENAME TO TKept");
+  TakeAway("TPatient");
   EXPECT_EQ(Delete(AllSelected()), 3);
-  Raw().Exec("CREATE VIEW TPatient AS SELECT DISTINCT * FROM TKept");
+  BringBackReadOnly("TPatient");
   EXPECT_EQ(Delete(AllSelected()), 8);
   EXPECT_EQ(Patients(), 4);
 }

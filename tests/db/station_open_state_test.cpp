@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/KyODBC.h"
+#include "frame/KyODBCDiag.h"
 #include "platform/cdbexception.h"
 #include "tests/support/fixtures.h"
 
@@ -41,6 +42,32 @@ TEST_F(OpenStates, EveryOtherOpenStateAfterDatabaseErrorIs0) {
   for (const auto is_open : {DB_IsTDrOpen, DB_IsTUnitOpen, DB_IsTPatOpen, DB_IsPatExOpen, DB_IsTImgOpen,
                              DB_IsTMakOpen, DB_IsTGrpOpen, DB_IsTDiagOpen, DB_IsTCfgOpen, DB_IsTTestOpen}) {
     EXPECT_EQ(WhileThrowing(is_open), 0);
+  }
+}
+
+TEST_F(OpenStates, AnOpenStateThatCouldNotBeReadIsAFailureOfItsOwn) {
+  const struct {
+    const char* name;
+    BOOL (*is_open)();
+  } rows[] = {
+      {"DB_IsTDrOpen",   DB_IsTDrOpen  },
+      {"DB_IsTStatOpen", DB_IsTStatOpen},
+      {"DB_IsTUnitOpen", DB_IsTUnitOpen},
+      {"DB_IsTPatOpen",  DB_IsTPatOpen },
+      {"DB_IsPatExOpen", DB_IsPatExOpen},
+      {"DB_IsTImgOpen",  DB_IsTImgOpen },
+      {"DB_IsTMakOpen",  DB_IsTMakOpen },
+      {"DB_IsTGrpOpen",  DB_IsTGrpOpen },
+      {"DB_IsTDiagOpen", DB_IsTDiagOpen},
+      {"DB_IsTCfgOpen",  DB_IsTCfgOpen },
+      {"DB_IsTTestOpen", DB_IsTTestOpen}
+  };
+  for (const auto& row : rows) {
+    WhileThrowing(row.is_open);
+    tagDBERRORDETAIL detail{};
+    ASSERT_EQ(DB_GetLastErrorDetail(&detail, sizeof detail), 0);
+    EXPECT_STREQ(detail.szFunction, row.name);
+    EXPECT_EQ(detail.wCode, 31);
   }
 }
 

@@ -426,8 +426,7 @@ TEST_F(CompactPatients, UnterminatedTextsEndWithTheirFields) {
 
 TEST_F(CompactPatients, ADatabaseThatRefusesGivesTheWorkersCodes) {
   tagPATIENTCOMPACT record = Added();
-  Raw().Exec("ALTER TABLE TPatient RENAME TO TKept");
-  Raw().Exec("CREATE VIEW TPatient AS SELECT DISTINCT * FROM TKept");
+  MakeReadOnly("TPatient");
   SetText(record.szName, "Schmidt");
   EXPECT_EQ(DB_EditPat(&record), 6);
   EXPECT_EQ(DB_DeletePat(&record), 8);

@@ -57,12 +57,13 @@ class AskedSet : public CDynamicRec {
 TEST_F(DynamicSets, ASetTakesTheLibrarysConnectionAndOwner) {
   const CDynamicRec set;
   EXPECT_EQ(set.m_pDatabase, DB_GetDatabase());
-  EXPECT_STREQ(set.m_strOwner, "");
+  EXPECT_STREQ(set.m_strOwner, m_practice.Owner().c_str());
   EXPECT_EQ(set.IsOpen(), 0);
 }
 
 TEST_F(DynamicSets, AProcedureIsCalledByItsNameBehindTheOwnerUnpreparedAndAsASnapshot) {
   AskedSet set;
+  set.m_strOwner = "";
   EXPECT_TRUE(set.ExecuteSProc("spky_ping"));
   EXPECT_STREQ(set.m_asked, "{call spky_ping}, type 1, options 8192");
   set.m_strOwner = "dbo.";

@@ -63,12 +63,10 @@ class TableTest : public support::ConnectedTest {
     Raw().Exec(std::string("DELETE FROM ") + Table::kTable);
     for (int i = 1; i <= n; ++i) Added(i);
   }
-  // Makes every write to the table fail while it can still be read.
-  void MakeReadOnly() {
-    Raw().Exec(std::string("ALTER TABLE ") + Table::kTable + " RENAME TO TKept");
-    Raw().Exec(std::string("CREATE VIEW ") + Table::kTable + " AS SELECT DISTINCT * FROM TKept");
-  }
-  void TakeAway() { Raw().Exec(std::string("ALTER TABLE ") + Table::kTable + " RENAME TO TKept"); }
+  using support::ConnectedTest::MakeReadOnly;
+  using support::ConnectedTest::TakeAway;
+  void MakeReadOnly() { MakeReadOnly(Table::kTable); }
+  void TakeAway() { TakeAway(Table::kTable); }
 
   // The browse set sorted by key, open.
   void Browse() {

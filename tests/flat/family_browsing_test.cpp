@@ -333,6 +333,21 @@ TYPED_TEST(FamilyBrowsing, DeleteByPosOfTheOnlyRowLeavesTheSetEmpty) {
   EXPECT_EQ(this->Count(), 0);
 }
 
+TYPED_TEST(FamilyBrowsing, DeleteByPosOfARowThatSomeoneElseDeletedGives8) {
+  using Table = TypeParam;
+  // Another practice beside it, in which the other names are the views.
+  const support::Practice other({.tables = this->m_practice.IsTable(Table::kTable)
+                                               ? support::Tables::kFullNames
+                                               : support::Tables::kShortNames});
+  this->FillTable(3);
+  this->Browse();
+  const LONG gone = this->KeyAt(2);
+  this->Raw().Exec(std::string("DELETE FROM ") + Table::kTable + " WHERE " + Table::kKeyColumn + "=" +
+                   std::to_string(gone));
+  EXPECT_EQ(Table::DeleteByPos(2), 8);
+  EXPECT_EQ(this->Count(), 2);
+}
+
 TYPED_TEST(FamilyBrowsing, DeleteByPosOutsideTheRowsDeletesNothing) {
   using Table = TypeParam;
   this->FillTable(2);

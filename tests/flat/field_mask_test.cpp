@@ -72,6 +72,9 @@ void MoveElsewhere(tagTGROUP* record) { support::SetText(record->szLoc, "5"); }
 void MoveElsewhere(tagTIMAGE* record) { support::SetText(record->szLoc, "5"); }
 void MoveElsewhere(tagTTEST* record) { support::SetText(record->szLoc, "5"); }
 
+// The library writes the time of the change there, not what the record holds.
+bool IsStamped(const std::string& column) { return column == "tMakTsLast"; }
+
 template <class Table>
 class FieldMask : public family::TableTest<Table> {
  protected:
@@ -104,7 +107,11 @@ TYPED_TEST(FieldMask, EachBitWritesItsColumnAndNoOther) {
     ASSERT_EQ(Table::EditSel(&other, DWORD{1} << bit), 0) << columns[bit];
     const support::Row after = this->Stored(key);
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      EXPECT_EQ(after[i], i == bit ? expected[i] : before[i]) << columns[bit] << " wrote " << columns[i];
+      if (i == bit && IsStamped(columns[i])) {
+        EXPECT_GE(after[i], expected[i]) << columns[i];  // the clock goes on between the two edits
+      } else {
+        EXPECT_EQ(after[i], i == bit ? expected[i] : before[i]) << columns[bit] << " wrote " << columns[i];
+      }
     }
     this->Raw().Exec(std::string("DELETE FROM ") + Table::kTable + " WHERE " + Table::kKeyColumn + "=" +
                      std::to_string(key));
@@ -120,7 +127,7 @@ TYPED_TEST(FieldMask, EveryFieldOfTheRecordDiffersBetweenTheTwoThatAreCompared) 
   const support::Row two = this->Stored(second);
   const std::vector<std::string> columns = Columns<TypeParam>();
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (columns[i] == "tMakTsLast") continue;  // stamped, not copied
+    if (IsStamped(columns[i])) continue;
     EXPECT_NE(one[i], two[i]) << columns[i];
   }
 }

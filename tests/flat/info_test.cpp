@@ -26,7 +26,6 @@ class Information : public support::PracticeTest {
     ASSERT_EQ(Connect(), 0);
     ASSERT_EQ(DB_CloseDatabase(), 0);
   }
-  void RemovePing() { Raw().Exec("DROP VIEW spky_ping"); }
   // A refused second initialisation has replaced the parameters.
   void StoreOwner(const std::string& owner) {
     ASSERT_EQ(Connect(), 0);
@@ -112,7 +111,7 @@ TEST_F(Information, WithoutTheSettingsTheVersionIsZeroAndTheSystemUnknown) {
 }
 
 TEST_F(Information, WithoutTheConfigurationTableItStillConnects) {
-  Raw().Exec("ALTER TABLE TConfig RENAME TO TKept");
+  TakeAway("TConfig");
   EXPECT_EQ(Connect(), 0);
   EXPECT_DOUBLE_EQ(Version(), 0.0);
   EXPECT_EQ(System(), "Unknown");
@@ -150,7 +149,12 @@ TEST_F(Information, NoBufferOrNoRoomGivesOneAndWritesNothing) {
   EXPECT_EQ(std::string(buffer, 4), "xxxx");
 }
 
-TEST_F(Information, TheOwnerIsEmptyWhenNoneWasGiven) {
+class InformationWithoutAnOwner : public support::PracticeTest {
+ protected:
+  InformationWithoutAnOwner() : PracticeTest({.with_owner = false}) {}
+};
+
+TEST_F(InformationWithoutAnOwner, TellsAnEmptyOwner) {
   ASSERT_EQ(Connect(), 0);
   char buffer[2] = {'x', 'x'};
   EXPECT_EQ(DB_GetDBOwner(buffer, 1), 0);

@@ -172,7 +172,7 @@ TEST_F(JoinedView, NullArgumentsGiveOne) {
 }
 
 TEST_F(JoinedView, AMissingTableGives31OnOpeningAndCounting) {
-  Raw().Exec("ALTER TABLE TDoctor RENAME TO TKept");
+  TakeAway("TDoctor");
   EXPECT_EQ(DB_OpenPatEx(), 31);
   EXPECT_EQ(DB_IsPatExOpen(), 0);
   LONG rows = 77;

@@ -260,21 +260,20 @@ TEST_F(Profile, ReadingANumberWithoutAnOutputGivesOne) {
 }
 
 TEST_F(Profile, ReadingFromAMissingTableGivesTheDefault) {
-  Raw().Exec("ALTER TABLE TConfig RENAME TO TKept");
+  TakeAway("TConfig");
   EXPECT_EQ(Read("DBVersion", "-", "default"), "default");
   EXPECT_EQ(ReadInt("Count", 7), 7);
 }
 
 TEST_F(Profile, WritingToAMissingTableGivesTheRowOperationsCode) {
-  Raw().Exec("ALTER TABLE TConfig RENAME TO TKept");
+  TakeAway("TConfig");
   EXPECT_EQ(DB_WriteProfileString("Color", "-", "blue"), 3);
   EXPECT_EQ(DB_WriteProfileString("Color", "-", ""), 3);
 }
 
 TEST_F(Profile, WritingToATableThatRefusesGivesTheRowOperationsCode) {
   ASSERT_EQ(DB_WriteProfileString("Color", "-", "blue"), 0);
-  Raw().Exec("ALTER TABLE TConfig RENAME TO TKept");
-  Raw().Exec("CREATE VIEW TConfig AS SELECT DISTINCT * FROM TKept");
+  MakeReadOnly("TConfig");
   EXPECT_EQ(DB_WriteProfileString("Color", "-", "red"), 6);
   EXPECT_EQ(DB_WriteProfileString("New", "-", "red"), 6);
   EXPECT_EQ(DB_WriteProfileString("Color", "-", ""), 8);

@@ -89,49 +89,6 @@ TYPED_TEST(RawAndFlat, TheRowsOfTheFullTableAreCounted) {
   EXPECT_EQ(now, count + 1);
 }
 
-// --- other practices ---
-
-template <class Table>
-void ExpectARowToGoThrough(const std::string& owner) {
-  auto set = Table::MakeSet();
-  EXPECT_EQ(std::string(set.GetDefaultSQL()), owner + FullName<Table>());
-  EXPECT_EQ(set.m_nOpenType, owner.empty() ? 0u : 1u);
-  auto record = MakeRecord<Table>(1);
-  ASSERT_EQ(set.Insert(record, GivenFields<Table>()), 0);
-  const LONG key = Key<Table>(record);
-  auto changed = MakeRecord<Table>(2);
-  Key<Table>(changed) = key;
-  ASSERT_EQ(set.Edit(changed, GivenFields<Table>()), 0);
-  typename Table::Record read;
-  Key<Table>(read) = key;
-  ASSERT_EQ(set.OpenQuery(read), 0);
-  set.GetData(read);
-  for (const auto& member : Table::kMembers) {
-    if (member.bit < 0 || (Table::kDerived >> member.bit & 1) != 0) continue;
-    EXPECT_EQ(Stored(read, member), Stored(MakeRecord<Table>(2), member)) << member.column;
-  }
-}
-
-template <class Table>
-class RawWithOwner : public RawTest {
- protected:
-  RawWithOwner() : RawTest({.with_owner = true}) {}
-};
-TYPED_TEST_SUITE(RawWithOwner, AllTables);
-
-TYPED_TEST(RawWithOwner, ARowIsAddedEditedAndRead) {
-  ExpectARowToGoThrough<TypeParam>(this->m_practice.Owner());
-}
-
-template <class Table>
-class RawOnFullTables : public RawTest {
- protected:
-  RawOnFullTables() : RawTest({.tables = support::Tables::kFullNames}) {}
-};
-TYPED_TEST_SUITE(RawOnFullTables, AllTables);
-
-TYPED_TEST(RawOnFullTables, ARowIsAddedEditedAndRead) { ExpectARowToGoThrough<TypeParam>(""); }
-
 // --- a connection of the caller's own ---
 
 class RawOnOwnConnection : public RawTest {};

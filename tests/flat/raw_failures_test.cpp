@@ -68,7 +68,7 @@ TYPED_TEST(RawFailures, WithoutAConnectionOpenQueryThrowsAndChangesGive6) {
 
 TYPED_TEST(RawFailures, AMissingTableMakesOpenQueryThrowAndChangesGive6) {
   ASSERT_EQ(this->Connect(), 0);
-  this->Raw().Exec("DROP VIEW " + FullName<TypeParam>());
+  this->TakeAway(FullName<TypeParam>());
   auto set = TypeParam::MakeSet();
   auto record = MakeRecord<TypeParam>(1);
   EXPECT_TRUE(Throws([&] { set.OpenQuery(record); }));

@@ -44,7 +44,8 @@ TYPED_TEST_SUITE(RawSets, AllTables);
 TYPED_TEST(RawSets, AreRecordSetsOnTheFullTableOfTheLibrarysConnection) {
   auto set = TypeParam::MakeSet();
   EXPECT_EQ(set.m_pDatabase, DB_GetDatabase());
-  EXPECT_STREQ(set.GetDefaultSQL(), FullName<TypeParam>().c_str());
+  EXPECT_EQ(std::string(set.GetDefaultSQL()), this->m_practice.Owner() + FullName<TypeParam>());
+  EXPECT_EQ(set.m_nOpenType, this->m_practice.Owner().empty() ? 0u : 1u);
   EXPECT_EQ(set.GetRuntimeClass()->m_pBaseClass, &CKyRecSet::classCKyRecSet);
   EXPECT_EQ(set.IsOpen(), 0);
   EXPECT_EQ(set.m_dwFieldMask, 0u);
@@ -53,8 +54,8 @@ TYPED_TEST(RawSets, AreRecordSetsOnTheFullTableOfTheLibrarysConnection) {
 TYPED_TEST(RawSets, SelectEveryColumnInItsOrder) {
   auto set = TypeParam::MakeSet();
   ASSERT_EQ(set.OpenQuery(this->WithKey(4711)), 0);
-  const std::string expected =
-      "SELECT " + Columns<TypeParam>() + " FROM " + FullName<TypeParam>() + " WHERE ";
+  const std::string expected = "SELECT " + Columns<TypeParam>() + " FROM " + this->m_practice.Owner() +
+                               FullName<TypeParam>() + " WHERE ";
   EXPECT_EQ(std::string(set.GetSQL()).substr(0, expected.size()), expected);
   EXPECT_EQ(set.GetODBCFieldCount(), static_cast<short>(std::size(TypeParam::kMembers)));
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/KyODBC.h"
+#include "tests/support/documented.h"
 #include "tests/support/fixtures.h"
 
 using support::SetText;
@@ -99,6 +100,38 @@ TEST_F(Transactions, WithoutAConnectionEachGives3) {
   EXPECT_EQ(DB_BeginTransaction(), 3);
   EXPECT_EQ(DB_CommitTransaction(), 3);
   EXPECT_EQ(DB_RollbackTransaction(), 3);
+}
+
+// A filter without any field makes a condition that is no SQL.
+TEST_F(Transactions, AStatementThatIsNoSqlFailsAloneOrLetsNothingBeCommitted) {
+  const bool goes_on = support::Documented("transaction after a statement that is no SQL") == "goes on";
+  EXPECT_EQ(DB_BeginTransaction(), 0);
+  EXPECT_EQ(AddStation("before"), 0);
+  EXPECT_EQ(DB_OpenTStat(), 0);
+  EXPECT_EQ(DB_SetTStatFilter(0, 0, nullptr, nullptr, nullptr, nullptr), 31);
+  EXPECT_EQ(AddStation("after"), 0);
+  EXPECT_EQ(DB_CommitTransaction(), goes_on ? 0 : 1);
+  EXPECT_EQ(Stations(), goes_on ? 3 : 1);
+  EXPECT_EQ(DB_BeginTransaction(), 0);
+  EXPECT_EQ(AddStation("next"), 0);
+  EXPECT_EQ(DB_CommitTransaction(), 0);
+}
+
+TEST_F(Transactions, AChangeThatTheDatabaseRefusesFailsAlone) {
+  MakeReadOnly("TPatient");
+  EXPECT_EQ(DB_BeginTransaction(), 0);
+  EXPECT_EQ(AddStation("before"), 0);
+  tagTUNIT unit{};
+  SetText(unit.szName, "impossible");
+  unit.dAccept = support::Ts(2001, 2, 30);
+  EXPECT_EQ(DB_AddNewTUnit(&unit), 6);
+  EXPECT_EQ(AddStation("after"), 0);
+  tagTPATIENT patient{};
+  SetText(patient.szSlidaID, "S1");
+  EXPECT_EQ(DB_AddNewTPat(&patient), 6);
+  EXPECT_EQ(AddStation("last"), 0);
+  EXPECT_EQ(DB_CommitTransaction(), 0);
+  EXPECT_EQ(Stations(), 4);
 }
 
 }  // namespace

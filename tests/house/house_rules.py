@@ -11,19 +11,23 @@ import sys
 from cpp_text import code_only, functions, without_comments
 
 ROOMS = ("platform", "tables", "recset", "rowops", "frame")
-PLACES = ROOMS + ("tools", "examples", "tests", "bench")
+PLACES = ROOMS + ("tools", "examples", "tests", "bench", "faultdriver", "fuzz")
 TEXTS = (".h", ".c", ".cpp", ".py", ".sql", ".md", ".txt", ".cmake", ".sh")
 LONGEST_FUNCTION = 60
 LONGEST_FILE = 500
 LONGEST_LINE = 110
 LONGEST_README = 10
 
+# What drivers tell of themselves, and how each kind of database is broken. All other tests of the database
+# read what differs from its table.
+NAMES_DATABASES = {"tests/db/driver_facts_test.cpp", "tests/flat/connect_failures_test.cpp"}
+
 # The chief header tells the contract of every exported function in one place.
 LONG_BY_NATURE = {"frame/KyODBC.h"}
 # Reads values into callers' variables, which may be of the native type.
 TAKES_NATIVE_LONG = {"frame/dynamic_rec.h", "frame/dynamic_rec.cpp"}
-READ_BY_C = {"frame/KyODBC.h", "frame/field_words.h", "tables/records.h", "platform/types.h",
-             "platform/result_codes.h"}
+READ_BY_C = {"frame/KyODBC.h", "frame/KyODBCDiag.h", "frame/field_words.h", "tables/records.h",
+             "platform/types.h", "platform/result_codes.h"}
 
 
 def files(root, places=PLACES, suffixes=(".h", ".c", ".cpp")):
@@ -127,28 +131,74 @@ def include_guards(root):
 
 
 def exported_names(root):
-    listed = root / "frame" / "exports.txt"
-    names = [line.split("#")[0].strip() for line in listed.read_text().splitlines()]
+    for listed, header in (("exports.txt", "KyODBC.h"), ("exports_ext.txt", "KyODBCDiag.h")):
+        if (root / "frame" / header).is_file():
+            yield from exported_names_of(root, listed, header)
+
+
+def exported_names_of(root, listed, header):
+    names = [line.split("#")[0].strip() for line in (root / "frame" / listed).read_text().splitlines()]
     names = [name for name in names if name]
     if len(names) != len(set(names)):
-        yield "frame/exports.txt: a name stands twice"
-    header = code_only((root / "frame" / "KyODBC.h").read_text())
-    declared = set(re.findall(r"\b(DB_\w+)\s*\(", header))
+        yield f"frame/{listed}: a name stands twice"
+    declared = set(re.findall(r"\b(DB_\w+)\s*\(", code_only((root / "frame" / header).read_text())))
     sources = {name: code_only(path.read_text()) for path, name in files(root, ROOMS, (".cpp",))}
     tested = set()
     for path, _ in files(root, ("tests",), (".cpp", ".c")):
         tested.update(re.findall(r"\bDB_\w+", without_comments(path.read_text())))
     for name in sorted(declared - set(names)):
-        yield f"{name}: declared but not in frame/exports.txt"
+        yield f"{name}: declared but not in frame/{listed}"
     for name in names:
         definition = re.compile(rf"^\w[^;{{}}\n]*\b{name}\s*\([^;{{}}]*\)\s*{{", re.M)
         count = sum(len(definition.findall(text)) for text in sources.values())
         if name not in declared:
-            yield f"{name}: not in frame/KyODBC.h"
+            yield f"{name}: not in frame/{header}"
         if count != 1:
             yield f"{name}: {count} definitions"
         if name not in tested:
             yield f"{name}: in no test"
+
+
+def listed_names(root):
+    for listed in (root / "frame").glob("exports*.txt"):
+        for line in listed.read_text().splitlines():
+            if line.startswith("DB_"):
+                yield line.strip()
+
+
+def header_tells_everything(root):
+    """Every function stands under a comment of its own or of the run it is in; every field of a record and
+    every result code has one."""
+    for name in ("KyODBC.h", "KyODBCDiag.h"):
+        path = root / "frame" / name
+        told = False
+        for number, line in enumerate(path.read_text().split("\n") if path.is_file() else [], 1):
+            if line.endswith("*/"):
+                told = not line.startswith("/* ----")
+            elif not line.strip():
+                told = False
+            elif line.startswith("KYODBC_API") and not told:
+                yield f"frame/{name}:{number}: no comment: {line}"
+    for name, thing in (("tables/records.h", r"  \w+ \w+(\[\d+\])?;(?! +/\*)"),
+                        ("frame/KyODBCDiag.h", r"  \w+ \w+(\[\d+\])?;(?! +/\*)"),
+                        ("platform/result_codes.h", r"(?<!\*/)\n  KYODBC_\w+ = \d+")):
+        text = (root / name).read_text() if (root / name).is_file() else ""
+        for found in re.finditer(thing, text):
+            line = text.count("\n", 0, found.end()) + 1
+            yield f"{name}:{line}: no comment: {found[0].strip()}"
+
+
+def documents_name_what_exists(root):
+    """Functions that pages name are exported. A name that goes on in dots stands for a family."""
+    names = set(listed_names(root))
+    for path in sorted(root.rglob("*.md")):
+        name = path.relative_to(root).as_posix()
+        if name.startswith(("build", ".")):
+            continue
+        for number, line in enumerate(path.read_text().split("\n"), 1):
+            for found in re.findall(r"\bDB_\w+(?![\w.]*\.\.|\w|\*)", line):
+                if found not in names:
+                    yield f"{name}:{number}: {found} is not exported"
 
 
 def nothing_unfinished(root):
@@ -156,6 +206,26 @@ def nothing_unfinished(root):
     switched_off = "|".join(("GTEST" + "_SKIP", "DIS" + "ABLED_"))
     yield from matches(root, PLACES + ("schema", "docs"), rf"\b(?:{notes})\b|\b(?:{switched_off})",
                        str, TEXTS)
+
+
+def differences(root):
+    """The table of differences and the tests that read it tell of the same rows and of no others."""
+    page = (root / "docs/databases.md").read_text()
+    table = re.search(r"^## What differs$(.*?)(?=^## |\Z)", page, re.M | re.S).group(1)
+    rows = {row[0].strip("`"): row[1:] for row in
+            (re.split(r" *\| *", line.strip("| ")) for line in table.split("\n") if line.startswith("| `"))}
+    read = set()
+    for path, _ in files(root, ("tests",)):
+        read.update(re.findall(r'\bDocumented\("([^"]+)"\)', without_comments(path.read_text())))
+    for row, cells in rows.items():
+        if len(cells) != 3 or "" in cells or len(set(cells)) == 1:
+            yield f"docs/databases.md: {row}: no difference between three databases"
+        if row not in read:
+            yield f"docs/databases.md: {row}: no test reads it"
+    for row in sorted(read - rows.keys()):
+        yield f"docs/databases.md: {row}: a test reads it, the table has no such row"
+    yield from matches(root, ("tests/db", "tests/flat"), r"\b(?:SQLite3?|PostgreSQL|MariaDB)\b",
+                       without_comments, but=NAMES_DATABASES)
 
 
 def headers_alone(root, compiler):
@@ -171,8 +241,8 @@ def headers_alone(root, compiler):
 
 RULES = {rule.__name__: rule for rule in (
     layers, programs_use_the_public_interface, one_file_calls_odbc, no_native_long, function_length,
-    file_length, line_length, room_readmes, include_guards, exported_names, nothing_unfinished,
-    headers_alone)}
+    file_length, line_length, room_readmes, include_guards, exported_names, header_tells_everything,
+    documents_name_what_exists, nothing_unfinished, differences, headers_alone)}
 
 
 def main():

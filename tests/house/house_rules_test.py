@@ -86,6 +86,50 @@ class HouseRules(unittest.TestCase):
         self.assertEqual(self.offences(house_rules.exported_names), [
             "DB_Twice: 2 definitions", "DB_Untested: in no test", "DB_Undeclared: not in frame/KyODBC.h"])
 
+    def test_an_extension_has_a_list_and_a_header_of_its_own(self):
+        self.write("frame/exports_ext.txt", "DB_Good\nDB_Undeclared\n")
+        self.write("frame/KyODBCDiag.h", "WORD DB_Good(void);\n")
+        self.write("frame/a.cpp", "WORD DB_Good() {}\nWORD DB_Undeclared() {}\n")
+        self.write("tests/a_test.cpp", "DB_Good(); DB_Undeclared();\n")
+        self.assertEqual(self.offences(house_rules.exported_names),
+                         ["DB_Undeclared: not in frame/KyODBCDiag.h"])
+
+    def test_what_the_headers_do_not_tell_is_found(self):
+        self.write("frame/KyODBC.h",
+                   "/* ---- Section ---- */\nKYODBC_API WORD DB_Bare(void);\n\n/* Told.\n * More. */\n"
+                   "KYODBC_API WORD DB_Told(int a,\n                        int b);\n"
+                   "KYODBC_API WORD DB_InTheRun(void);\n/* Own. */\nKYODBC_API WORD DB_Own(void);\n\n"
+                   "KYODBC_API WORD DB_Apart(void);\n")
+        self.write("tables/records.h", "  LONG lKey; /* key */\n  char szName[33];\n  LONG a;\n")
+        self.write("platform/result_codes.h", "  /* Success. */\n  KYODBC_OK = 0,\n  KYODBC_BAD = 1,\n")
+        offences = self.offences(house_rules.header_tells_everything)
+        self.assertEqual([offence.split(": ")[0] for offence in offences],
+                         ["frame/KyODBC.h:2", "frame/KyODBC.h:12", "tables/records.h:2", "tables/records.h:3",
+                          "platform/result_codes.h:3"])
+
+    def test_a_page_that_names_what_is_not_there_is_found(self):
+        self.write("frame/exports.txt", "DB_Good\n")
+        self.write("frame/exports_ext.txt", "DB_Extra\n")
+        self.write("docs/page.md", "`DB_Good`, `DB_Extra()`, `DB_Get...ByPos`, `DB_*`, `DB_Gone`.\nDB_Bad.\n")
+        self.assertEqual(self.offences(house_rules.documents_name_what_exists),
+                         ["docs/page.md:1: DB_Gone is not exported",
+                          "docs/page.md:2: DB_Bad is not exported"])
+
+    def test_differences_that_are_not_held_not_listed_or_none_are_found(self):
+        self.write("docs/databases.md", "## What differs\n\n| what | SQLite | PostgreSQL | MariaDB |\n"
+                   "|---|---|---|---|\n| `held` | a | b | b |\n| `stale` | a | b | b |\n"
+                   "| `equal` | a | a | a |\n"
+                   "\n## Setting up\n\n| `other` | x |\n")
+        self.write("tests/flat/a_test.cpp",
+                   'Documented("held"); Documented("equal"); Documented("unlisted");\n'
+                   '// PostgreSQL\nif (name == "PostgreSQL") {}\n')
+        self.write("tests/support/kind.cpp", 'return "PostgreSQL";\n')
+        self.assertEqual(self.offences(house_rules.differences), [
+            "docs/databases.md: stale: no test reads it",
+            "docs/databases.md: equal: no difference between three databases",
+            "docs/databases.md: unlisted: a test reads it, the table has no such row",
+            'tests/flat/a_test.cpp:3: if (name == "PostgreSQL") {}'])
+
     def test_long_lines_and_files_are_found(self):
         self.write("frame/a.cpp", "// " + "x" * 108 + "\n" + "\n" * 500)
         self.assertEqual(len(self.offences(house_rules.line_length)), 1)

@@ -191,6 +191,88 @@ TEST_F(Connecting, AConnectionThatCannotLeaveManualCommitIsGivenUp) {
   EXPECT_FALSE(m_database.IsOpen());
 }
 
+TEST_F(Connecting, ClosingOutsideATransactionAsksTheServerForNoRollback) {
+  m_database.OpenEx("DSN=a");
+  m_database.BeginTrans();
+  m_database.CommitTrans();
+  m_database.Close();
+  EXPECT_EQ(TheScript().Calls("SQLEndTran"), 1);
+}
+
+TEST_F(Connecting, ATransactionWithARefusedPartIsRolledBackAtTheCommit) {
+  for (const char* state : {"40001", "40P01"}) {
+    m_database.OpenEx("DSN=a");
+    m_database.BeginTrans();
+    TheScript().Answer("SQLExecDirect", {SQL_ERROR}, {{state}});
+    EXPECT_NE(Catch([&] { m_database.ExecuteSQL("DELETE FROM Play"); }).code, 0);
+    EXPECT_FALSE(m_database.CommitTrans());
+    EXPECT_FALSE(m_database.Rollback());  // none is pending
+    EXPECT_TRUE(m_database.BeginTrans());
+    EXPECT_TRUE(m_database.CommitTrans());
+  }
+}
+
+TEST_F(Connecting, ARefusedStatementOutsideATransactionDoesNotTouchTheNextOne) {
+  m_database.OpenEx("DSN=a");
+  TheScript().Answer("SQLExecDirect", {SQL_ERROR}, {{"40001"}});
+  EXPECT_NE(Catch([&] { m_database.ExecuteSQL("DELETE FROM Play"); }).code, 0);
+  EXPECT_TRUE(m_database.BeginTrans());
+  EXPECT_TRUE(m_database.CommitTrans());
+}
+
+class BeginningByStatement : public Connecting {
+ protected:
+  BeginningByStatement() {
+    TheScript().dbms = "SQLite";
+    TheScript().Gives("SELECT LENGTH", scripted::OneNumber(3));
+    m_database.OpenEx("DSN=a");
+  }
+  static std::string Last() { return TheScript().Sent().back(); }
+};
+
+TEST_F(BeginningByStatement, ATransactionTakesTheRightToWriteAtItsBegin) {
+  EXPECT_TRUE(m_database.BeginTrans());
+  EXPECT_EQ(Last(), "BEGIN IMMEDIATE");
+  EXPECT_FALSE(m_database.BeginTrans());
+  EXPECT_TRUE(m_database.CommitTrans());
+  EXPECT_EQ(Last(), "COMMIT");
+  EXPECT_FALSE(m_database.CommitTrans());
+  EXPECT_TRUE(m_database.BeginTrans());
+  EXPECT_TRUE(m_database.Rollback());
+  EXPECT_EQ(Last(), "ROLLBACK");
+  EXPECT_EQ(TheScript().connection_attributes.count(SQL_ATTR_AUTOCOMMIT), 0u);
+}
+
+TEST_F(BeginningByStatement, WhoCannotWriteBeginsNothing) {
+  TheScript().Answer("SQLExecDirect",
+                     {
+                         SQL_ERROR
+  },
+                     {{"HY000", 5}});
+  EXPECT_FALSE(m_database.BeginTrans());
+  EXPECT_FALSE(m_database.Rollback());
+  EXPECT_TRUE(m_database.BeginTrans());
+}
+
+TEST_F(BeginningByStatement, AFailedCommitMayBeTriedAgainAndAFailedRollbackEndsIt) {
+  m_database.BeginTrans();
+  TheScript().Answer("SQLExecDirect",
+                     {
+                         SQL_ERROR
+  },
+                     {{"HY000", 5}});
+  EXPECT_FALSE(m_database.CommitTrans());
+  EXPECT_TRUE(m_database.CommitTrans());
+  m_database.BeginTrans();
+  TheScript().Answer("SQLExecDirect",
+                     {
+                         SQL_ERROR
+  },
+                     {{"HY000", 1}});
+  EXPECT_FALSE(m_database.Rollback());
+  EXPECT_TRUE(m_database.BeginTrans());
+}
+
 class ProvingTheSession : public Connecting {
  protected:
   ProvingTheSession() { TheScript().dbms = "MariaDB"; }
@@ -200,8 +282,9 @@ class ProvingTheSession : public Connecting {
 TEST_F(ProvingTheSession, ASessionWithOrdinaryBackslashesIsAccepted) {
   Prove(3);
   EXPECT_TRUE(m_database.OpenEx("DSN=a"));
-  ASSERT_EQ(TheScript().Sent().size(), 2u);
+  ASSERT_EQ(TheScript().Sent().size(), 3u);
   EXPECT_NE(TheScript().Sent()[0].find("NO_BACKSLASH_ESCAPES"), std::string::npos);
+  EXPECT_EQ(TheScript().Sent()[2], "SET SESSION max_statement_time = 15");
 }
 
 TEST_F(ProvingTheSession, ASessionInWhichABackslashEscapesIsRefused) {

@@ -133,13 +133,27 @@ TEST_F(Initialising, AfterFiveAttemptsItIsGivenUp) {
   EXPECT_EQ(DB_GetDatabase(), nullptr);
 }
 
-TEST_F(Initialising, OpeningThePatientsGives3WhenTheConnectionStaysLost) {
+TEST_F(Initialising, OpeningThePatientsGives3WhileTheConnectionStaysLostAndThenMakesItAgain) {
+  SettingsAre("4.0");
+  ASSERT_EQ(Initialise(), 0);
+  ConnectionIsLost();
+  ServerIsGone(10);
+  EXPECT_EQ(DB_OpenTPat(), 3);
+  EXPECT_EQ(DB_OpenPatEx(), 3);
+  EXPECT_EQ(DB_GetDatabase(), nullptr);
+  EXPECT_EQ(DB_OpenTStat(), 3);
+  EXPECT_EQ(TheConnection().KeepAlive(), 57);
+}
+
+TEST_F(Initialising, AfterACloseOpeningThePatientsDoesNotConnect) {
   SettingsAre("4.0");
   ASSERT_EQ(Initialise(), 0);
   ConnectionIsLost();
   ServerIsGone(5);
   EXPECT_EQ(DB_OpenTPat(), 3);
-  EXPECT_EQ(DB_OpenPatEx(), 3);
+  EXPECT_EQ(DB_CloseDatabase(), 0);
+  EXPECT_EQ(DB_OpenTPat(), 3);
+  EXPECT_EQ(TheScript().Calls("SQLDriverConnect"), 1 + 5);
 }
 
 TEST_F(Initialising, ALivingConnectionThatDoesNotAnswerIsAskedFiveTimesAndKept) {

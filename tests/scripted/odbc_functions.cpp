@@ -1,4 +1,6 @@
 // The functions of the played ODBC library that the library calls.
+#include <odbcinst.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -143,9 +145,19 @@ SQLRETURN SQL_API SQLGetInfo(SQLHDBC handle, SQLUSMALLINT item, SQLPOINTER value
                              SQLSMALLINT* length) {
   const SQLRETURN code = TheScript().Begin("SQLGetInfo", TheScript().Find(handle));
   if (!Works(code)) return code;
-  if (item == SQL_TXN_CAPABLE) {
-    *static_cast<SQLUSMALLINT*>(value) = TheScript().transactions ? SQL_TC_ALL : SQL_TC_NONE;
-    return code;
+  if (TheScript().untold.contains(item)) return SQL_ERROR;
+  switch (item) {
+    case SQL_TXN_CAPABLE:
+      *static_cast<SQLUSMALLINT*>(value) = TheScript().transactions ? SQL_TC_ALL : SQL_TC_NONE;
+      return code;
+    case SQL_IDENTIFIER_CASE:
+      *static_cast<SQLUSMALLINT*>(value) = TheScript().identifier_case;
+      return code;
+    case SQL_SCROLL_OPTIONS:
+      *static_cast<SQLUINTEGER*>(value) = TheScript().scroll_options;
+      return code;
+    default:
+      break;
   }
   const std::string text = item == SQL_DBMS_NAME    ? TheScript().dbms
                            : item == SQL_PROCEDURES ? (TheScript().procedures ? "Y" : "N")
@@ -292,6 +304,14 @@ SQLRETURN SQL_API SQLRowCount(SQLHSTMT handle, SQLLEN* count) {
   const SQLRETURN code = TheScript().Begin("SQLRowCount", TheScript().Find(handle));
   if (Works(code)) *count = TheScript().row_count;
   return code;
+}
+
+int INSTAPI SQLGetPrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR fallback, LPSTR value, int size,
+                                       LPCSTR file) {
+  const auto& ini = TheScript().ini;
+  const auto found = ini.find(std::string(file) + "/" + section + "/" + key);
+  const std::string text = found == ini.end() ? fallback : found->second;
+  return CopyText(text, reinterpret_cast<SQLCHAR*>(value), static_cast<SQLSMALLINT>(size));
 }
 
 }  // extern "C"

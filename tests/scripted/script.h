@@ -67,9 +67,14 @@ class Script {
   // A statement that begins with `text` gives this result from now on. Others give none.
   void Gives(const std::string& text, const Result& result) { m_results[text] = result; }
 
-  std::string dbms = "SQLite";
+  std::string dbms = "Any";
   bool procedures = false;
   bool transactions = true;
+  std::set<SQLUSMALLINT> untold;  // what the driver cannot tell of itself
+  SQLUINTEGER scroll_options = SQL_SO_FORWARD_ONLY | SQL_SO_STATIC;
+  SQLUSMALLINT identifier_case = SQL_IC_MIXED;
+  // The driver manager's files: entries by "file/section/key".
+  std::map<std::string, std::string> ini;
   bool dead = false;             // what the driver says of the connection
   SQLLEN row_count = 1;          // rows that a change says it changed
   bool no_data_for_none = true;  // a change of no row answers SQL_NO_DATA
@@ -106,7 +111,10 @@ class Script {
 
   std::map<std::string, std::deque<Scripted>> m_answers;
   std::map<std::string, int> m_calls;
-  std::map<std::string, Result> m_results;
+  // A database that can be read proves itself at connect.
+  std::map<std::string, Result> m_results = {
+      {"SELECT LENGTH", {{{"length"}}, {{"3"}}}}
+  };
   std::vector<std::string> m_sent;
   std::map<Handle*, std::unique_ptr<Handle>> m_handles;
   int m_misuses = 0;

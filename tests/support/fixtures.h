@@ -31,6 +31,23 @@ class PracticeTest : public testing::Test {
     if (!m_raw) m_raw = std::make_unique<RawOdbc>(m_practice);
     return *m_raw;
   }
+  // Takes a table, or the view that stands for it, out of reach under one of its two names. Once in a test.
+  void TakeAway(const std::string& name) {
+    if (!m_practice.IsTable(name)) return Raw().Exec("DROP VIEW " + name);
+    Raw().Exec("ALTER TABLE " + name + " RENAME TO TKept");
+  }
+  // After TakeAway: the same rows can be read again under that name, and every write fails.
+  void BringBackReadOnly(const std::string& name) {
+    const std::string rows = m_practice.IsTable(name) ? "TKept" : m_practice.OtherName(name);
+    Raw().Exec("CREATE VIEW " + name + " AS SELECT DISTINCT * FROM " + rows);
+  }
+  void MakeReadOnly(const std::string& name) {
+    TakeAway(name);
+    BringBackReadOnly(name);
+  }
+  void RemovePing() {
+    for (const std::string& sql : CurrentKind().RemovePingStatements()) Raw().Exec(sql);
+  }
 
   Practice m_practice;
 

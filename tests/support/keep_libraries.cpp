@@ -3,3 +3,10 @@
 // checker would take it for a leak of the library's.
 
 extern "C" int dlclose(void*) { return 0; }
+
+// What drivers forget by themselves; the leak checker asks this function. The one for Access files forgets
+// some texts, which it allocates through GLib as nobody else does here. The one of PostgreSQL forgets what it
+// has read of a prepared statement when the server refuses to run it. Handles that the library forgot would
+// be found on the other databases, and are counted by tests/faults.
+extern "C" const char* __lsan_default_suppressions();
+const char* __lsan_default_suppressions() { return "leak:libglib-2.0\nleak:psqlodbcw.so"; }

@@ -59,7 +59,9 @@ class Statement {
       Check(code, sql);
       if (code == SQL_NO_DATA) break;
       Row& row = rows.emplace_back();
-      for (SQLUSMALLINT column = 1; column <= columns; ++column) row.push_back(ReadColumn(column, sql));
+      for (SQLUSMALLINT column = 1; column <= columns; ++column) {
+        row.push_back(WithoutEmptyFraction(ReadColumn(column, sql), column));
+      }
     }
     return rows;
   }
@@ -82,6 +84,17 @@ class Statement {
       text.append(piece.data(), static_cast<std::size_t>(cut ? room : left));
       if (!cut) return text;
     }
+  }
+
+  // Databases tell a time of whole seconds with a fraction of nothing, or without one.
+  Value WithoutEmptyFraction(Value value, SQLUSMALLINT column) const {
+    const std::string fraction = ".000000";
+    SQLLEN type = 0;
+    SQLColAttribute(m_handle, column, SQL_DESC_CONCISE_TYPE, nullptr, 0, nullptr, &type);
+    if (value && type == SQL_TYPE_TIMESTAMP && value->ends_with(fraction)) {
+      value->resize(value->size() - fraction.size());
+    }
+    return value;
   }
 
   SQLHSTMT m_handle = SQL_NULL_HSTMT;

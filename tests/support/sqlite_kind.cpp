@@ -69,33 +69,36 @@ const std::string& Template(const fs::path& folder, Tables tables) {
 
 class SqliteKind : public DatabaseKind {
  public:
+  std::string Name() const override { return "SQLite"; }
   std::string DriverName() const override { return "SQLite3"; }
   std::string DriverFile() const override { return FindDriver({"libsqlite3odbc.so"}); }
 
-  void Create(const fs::path& folder, Tables tables) const override {
+  std::string Acquire(const fs::path& folder, Tables tables) const override {
     WriteFile(folder / kFileName, Template(folder, tables));
+    return folder / kFileName;
   }
-  void Destroy(const fs::path&) const override {}
+  void Release(const std::string&, Tables) const override {}  // the file goes with its folder
 
   ColumnTypes Types() const override { return {"INTEGER PRIMARY KEY", "VARCHAR(1000000)", "TIMESTAMP"}; }
-  Options SourceOptions(const fs::path& folder) const override {
+  Options SourceOptions(const std::string& database) const override {
     return {
-        {"Database",    folder / kFileName},
-        {"LongNames",   "0"               },
-        {"JDConv",      "0"               },
-        {"BigInt",      "0"               },
-        {"Timeout",     "5000"            },
-        {"SyncPragma",  "NORMAL"          },
-        {"JournalMode", "WAL"             },
+        {"Database",    database},
+        {"LongNames",   "0"     },
+        {"JDConv",      "0"     },
+        {"BigInt",      "0"     },
+        {"Timeout",     "5000"  },
+        {"SyncPragma",  "NORMAL"},
+        {"JournalMode", "WAL"   },
     };
   }
   std::string User() const override { return {}; }
   std::string Password() const override { return {}; }
-  std::string Owner(const fs::path&) const override { return "main."; }
+  std::string Owner(const std::string&) const override { return "main."; }
   std::vector<std::string> ProcedureStatements(const std::string& name,
                                                const std::string& select) const override {
     return {"CREATE VIEW " + name + " AS " + select};
   }
+  std::vector<std::string> RemovePingStatements() const override { return {"DROP VIEW spky_ping"}; }
 };
 
 }  // namespace

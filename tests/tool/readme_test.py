@@ -14,7 +14,7 @@ from tool_case import ToolCase
 
 ROOT, BUILD = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
 COMPILERS = {"c": [sys.argv[3], "-std=c11"], "cpp": [sys.argv[4], "-std=c++20"]}
-FLAGS = sys.argv[5].split()
+FLAGS = " ".join(sys.argv[5:]).split()
 
 
 def printed(language):

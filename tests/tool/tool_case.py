@@ -20,11 +20,13 @@ class ToolCase(unittest.TestCase):
         cls.folder = pathlib.Path(holder.name)
         cls.practice = cls.folder / "practice"
 
-    @staticmethod
-    def start(*arguments, cwd=None):
+    environment = {}  # more than this process has
+
+    @classmethod
+    def start(cls, *arguments, cwd=None):
         environment = {key: value for key, value in os.environ.items() if not key.startswith("ODBC")}
         return subprocess.run([TOOL, *map(str, arguments)], capture_output=True, encoding="utf-8", cwd=cwd,
-                              env=environment, timeout=100)
+                              env={**environment, **cls.environment}, timeout=100)
 
     @classmethod
     def done(cls, *arguments):

@@ -318,8 +318,21 @@ class CommandLine(ToolCase):
         output = self.done("--help")
         for part in ("init", "sample", "import", "list", "show", "set", "get", "Exit codes: 0 done"):
             self.assertIn(part, output)
-        for command in ("init", "sample", "import", "list", "show", "set", "get"):
-            self.assertIn("DIR", self.done(command, "--help"))
+        self.assertIn("DIR", self.done("init", "--help"))
+        for command in ("sample", "import", "list", "show", "set", "get"):
+            help_text = self.done(command, "--help")
+            for part in ("PRACTICE", "dsn:NAME", "--user", "--password-file", "--owner"):
+                self.assertIn(part, help_text)
+
+    def test_a_folder_takes_no_user_password_or_owner(self):
+        practice = self.folder / "plain"
+        self.done("init", practice)
+        for option in ("--user", "--password-file", "--owner"):
+            self.fails(2, "is a folder", "list", practice, "patients", option, "x")
+
+    def test_names_too_long_for_a_connection_are_refused(self):
+        self.fails(2, "the name of the data source is longer than 32 bytes", "get", "dsn:" + "x" * 33, "a")
+        self.fails(2, "the owner is longer than 259 bytes", "get", "dsn:x", "a", "--owner", "x" * 260)
 
     def test_a_command_is_needed_and_must_exist(self):
         self.assertEqual(self.start().returncode, 2)

@@ -4,9 +4,17 @@
 
 namespace {
 
-const DriverFacts kEmbedded = {"SQLite", false, true};
-const DriverFacts kPostgreSQL = {"PostgreSQL", true, true};
-const DriverFacts kMariaDB = {"MariaDB", true, true};
+DriverFacts Facts(const char* dbms, bool procedures) {
+  DriverFacts facts;
+  facts.dbms = dbms;
+  facts.procedures = procedures;
+  facts.transactions = true;
+  return facts;
+}
+
+const DriverFacts kEmbedded = Facts("SQLite", false);
+const DriverFacts kPostgreSQL = Facts("PostgreSQL", true);
+const DriverFacts kMariaDB = Facts("MariaDB", true);
 
 TEST(Dialect, ASelectBeginsWithThatWordInAnyCase) {
   for (const char* sql : {"SELECT a", "select a", "Select\ta", "SELECT\na", "SELECT*FROM t", "SELECT(1)",
@@ -57,13 +65,51 @@ TEST(Dialect, CallsAreAdaptedToWhatTheDataSourceTakes) {
 }
 
 TEST(Dialect, SessionsInWhichABackslashMightEscapeAreSetUpAndProven) {
+  EXPECT_EQ(SessionSetup(DriverFacts()), nullptr);
+  EXPECT_EQ(SessionProof(DriverFacts()), nullptr);
   EXPECT_EQ(SessionSetup(kEmbedded), nullptr);
-  EXPECT_EQ(SessionProof(kEmbedded), nullptr);
   EXPECT_NE(std::string(SessionSetup(kPostgreSQL)).find("standard_conforming_strings"), std::string::npos);
   for (const char* dbms : {"MariaDB", "MySQL"}) {
-    const DriverFacts facts = {dbms, true, true};
+    const DriverFacts facts = Facts(dbms, true);
     EXPECT_NE(std::string(SessionSetup(facts)).find("NO_BACKSLASH_ESCAPES"), std::string::npos);
     EXPECT_STREQ(SessionProof(facts), "SELECT CHAR_LENGTH('a\\b')");
+  }
+}
+
+TEST(Dialect, TheProofOfAnEmbeddedDatabaseReadsItsFile) {
+  EXPECT_NE(std::string(SessionProof(kEmbedded)).find("'a\\b'"), std::string::npos);
+  EXPECT_NE(std::string(SessionProof(kEmbedded)).find("FROM sqlite_master"), std::string::npos);
+}
+
+TEST(Dialect, TheFactsStandOnOneLine) {
+  DriverFacts facts = Facts("PostgreSQL", true);
+  facts.dbms_version = "15.0";
+  facts.driver = "psqlodbcw.so";
+  facts.driver_version = "13.02";
+  facts.names = NameCase::kLower;
+  facts.row_counts = true;
+  EXPECT_EQ(Describe(facts),
+            "database system PostgreSQL 15.0; driver psqlodbcw.so 13.02; static cursors yes; procedures yes; "
+            "transactions yes; names kept in lower case; row counts trusted");
+}
+
+TEST(Dialect, WhatIsNotKnownIsDescribedByItsDefault) {
+  EXPECT_EQ(Describe(DriverFacts()),
+            "database system unknown; driver unknown; static cursors yes; procedures no; transactions no; "
+            "names kept as they are given; row counts checked when none");
+}
+
+TEST(Dialect, YearsOfLiteralsGetFourDigits) {
+  EXPECT_STREQ(PadYears("(tPatDBirthday={d '   5-01-01'}) AND (tImgTs<{ts ' 999-12-31 23:59:59'})"),
+               "(tPatDBirthday={d '0005-01-01'}) AND (tImgTs<{ts '0999-12-31 23:59:59'})");
+  EXPECT_STREQ(PadYears("x={d '2001-05-06'}"), "x={d '2001-05-06'}");
+  EXPECT_STREQ(PadYears("x={d '  -1-01-01'}"), "x={d '  -1-01-01'}");  // no year at all: stays wrong
+}
+
+TEST(Dialect, TextsThatLookLikeDateLiteralsStayAsTheyAre) {
+  for (const char* sql :
+       {"x='{d ''   5-01-01''}'", "x='{d '", "x='{d ' AND y='   5'", "x='it''s {ts ''  1'", "{d '"}) {
+    EXPECT_STREQ(PadYears(sql), sql);
   }
 }
 

@@ -166,10 +166,9 @@ TEST_F(Masking, WhatAMessageQuotesIsHidden) {
       {"The host doesn't answer",                                       "The host doesn't answer"                 },
       {"Duplicate entry 'Meier' for key 'name'",                        "Duplicate entry '?'"                     },
       {"near 'Meier",                                                   "near '?'"                                },
-      {"Key (tpatsname, tpatsfirstname)=(Meier, Hans) already exists.",
-       "Key (tpatsname, tpatsfirstname)=(?) already exists."                                                      },
-      {"Key (a)=(Mei)er) exists",                                       "Key (a)=(?) exists"                      },
-      {"Key (a)=(Meier",                                                "Key (a)=(?)"                             },
+      {"Key (tpatsname, tpatsfirstname)=(Meier, Hans) already exists.", "Key (?) already exists."                 },
+      {"Key (a)=(Mei)er) exists",                                       "Key (?) exists"                          },
+      {"Key (a)=(Meier",                                                "Key (?)"                                 },
       {"'",                                                             "'?'"                                     },
       {"",                                                              ""                                        },
   };

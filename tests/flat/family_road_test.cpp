@@ -1,5 +1,4 @@
-// The same road through all ten tables where the database looks different: the short names are views, or an
-// owner stands before every name.
+// The typical road of a caller, through all ten tables.
 #include "tests/flat/family.h"
 
 using family::Key;
@@ -10,8 +9,6 @@ namespace {
 template <class Table>
 class Road : public family::TableTest<Table> {
  protected:
-  using family::TableTest<Table>::TableTest;
-
   void AddReadEditAndDelete() {
     typename Table::Record record = this->Added(1);
     Table::ChangeText(&record);
@@ -47,24 +44,9 @@ class Road : public family::TableTest<Table> {
   }
 };
 
-template <class Table>
-class OnViews : public Road<Table> {
- protected:
-  OnViews() : Road<Table>({.tables = support::Tables::kFullNames}) {}
-};
-TYPED_TEST_SUITE(OnViews, family::AllTables, family::Name);
+TYPED_TEST_SUITE(Road, family::AllTables, family::Name);
 
-TYPED_TEST(OnViews, RowsAreAddedReadEditedAndDeleted) { this->AddReadEditAndDelete(); }
-TYPED_TEST(OnViews, RowsAreBrowsedCountedAndDeleted) { this->BrowseCountAndDelete(); }
-
-template <class Table>
-class WithAnOwner : public Road<Table> {
- protected:
-  WithAnOwner() : Road<Table>({.with_owner = true}) {}
-};
-TYPED_TEST_SUITE(WithAnOwner, family::AllTables, family::Name);
-
-TYPED_TEST(WithAnOwner, RowsAreAddedReadEditedAndDeleted) { this->AddReadEditAndDelete(); }
-TYPED_TEST(WithAnOwner, RowsAreBrowsedCountedAndDeleted) { this->BrowseCountAndDelete(); }
+TYPED_TEST(Road, RowsAreAddedReadEditedAndDeleted) { this->AddReadEditAndDelete(); }
+TYPED_TEST(Road, RowsAreBrowsedCountedAndDeleted) { this->BrowseCountAndDelete(); }
 
 }  // namespace
