@@ -1,15 +1,10 @@
 #include "tools/connection.h"
 
-#include <KyODBC.h>
-
-#include "tools/record_text.h"
 #include "tools/tool_error.h"
 
-Connection::Connection(const PracticeFolder& folder) {
-  folder.UseForThisProcess();
-  tagDBCONNECT parameters{};
-  SetText(parameters.szDSN, kDataSource);
-  Check(DB_InitDatabase(&parameters), "connecting to " + folder.Database().string());
+Connection::Connection(const Place& place) {
+  const tagDBCONNECT parameters = Parameters(place);
+  Check(DB_InitDatabase(&parameters), "connecting to " + place.practice);
 }
 
 Connection::~Connection() { DB_CloseDatabase(); }

@@ -1,13 +1,13 @@
-// The library's connection to the practice in a folder.
+// The library's connection to a practice.
 #ifndef KYODBC_TOOLS_CONNECTION_H
 #define KYODBC_TOOLS_CONNECTION_H
 
-#include "tools/practice_folder.h"
+#include "tools/place.h"
 
 // Connected as long as it lives. Throws ToolError when connecting fails.
 class Connection {
  public:
-  explicit Connection(const PracticeFolder& folder);
+  explicit Connection(const Place& place);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;

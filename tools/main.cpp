@@ -1,5 +1,5 @@
-// kyodbc: makes an embedded practice, fills it and looks into it. Uses the library as any caller does, and is
-// the shortest proof that its interface suffices.
+// kyodbc: makes an embedded practice, and fills and looks into practices on any database. Uses the library as
+// any caller does, and is the shortest proof that its interface suffices.
 #include <cstdio>
 #include <exception>
 
@@ -20,11 +20,13 @@ int Fail(ExitCode code, const char* message) {
 }
 
 int Run(int argc, char** argv) {
-  CLI::App program("Makes an embedded practice database, fills it and looks into it.", "kyodbc");
+  CLI::App program("Makes an embedded practice, and fills and looks into practices on any database.",
+                   "kyodbc");
   program.footer(kFooter);
   program.require_subcommand(1);
   Action run;
-  for (const auto add : {AddInit, AddSample, AddImport, AddList, AddShow, AddSettings}) add(program, run);
+  for (const auto add : {AddInit, AddSample, AddImport, AddList, AddShow, AddSettings, AddDoctor})
+    add(program, run);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

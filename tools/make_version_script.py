@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Writes the linker version script that leaves only the listed names visible.
 
-usage: make_version_script.py EXPORTS EXPORTS_CPP OUTPUT
+usage: make_version_script.py EXPORTS... EXPORTS_CPP OUTPUT
 
-EXPORTS lists C functions, one per line. EXPORTS_CPP lists classes, functions and operators of C++; its head
-says how. In both, empty lines and lines that begin with # are skipped.
+EXPORTS list C functions, one per line. EXPORTS_CPP lists classes, functions and operators of C++; its head
+says how. In all, empty lines and lines that begin with # are skipped.
 """
 
 import re
@@ -35,10 +35,10 @@ def cpp_patterns(entries):
 
 
 def main(exports, exports_cpp, output):
-    names = read_entries(exports)
+    names = [name for path in exports for name in read_entries(path)]
     repeated = {name for name in names if names.count(name) > 1}
     if repeated:
-        sys.exit(f"{exports}: listed more than once: {', '.join(sorted(repeated))}")
+        sys.exit(f"{', '.join(exports)}: listed more than once: {', '.join(sorted(repeated))}")
     lines = ["{", "  global:"]
     lines += [f"    {name};" for name in names]
     lines += ['    extern "C++" {']
@@ -49,6 +49,6 @@ def main(exports, exports_cpp, output):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) != 4:
+    if len(sys.argv) < 4:
         sys.exit(__doc__)
-    main(*sys.argv[1:])
+    main(sys.argv[1:-2], *sys.argv[-2:])

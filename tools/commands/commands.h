@@ -13,6 +13,7 @@ void AddSample(CLI::App& program, Action& run);
 void AddImport(CLI::App& program, Action& run);
 void AddList(CLI::App& program, Action& run);
 void AddShow(CLI::App& program, Action& run);
+void AddDoctor(CLI::App& program, Action& run);
 void AddSettings(CLI::App& program, Action& run);  // "set" and "get"
 
 #endif

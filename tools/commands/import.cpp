@@ -19,7 +19,7 @@
 namespace {
 
 struct ImportOptions {
-  std::string folder;
+  Place place;
   std::vector<std::string> files = std::vector<std::string>(ImportKinds().size());  // empty: not asked for
 };
 
@@ -75,7 +75,7 @@ void Import(const ImportOptions& options) {
                   [](const std::string& file) { return file.empty(); })) {
     throw ToolError(kUsage, "no file to import: give --doctors, --patients or --images");
   }
-  const Connection connection{PracticeFolder(options.folder)};
+  const Connection connection(options.place);
   std::size_t rejected = 0;
   for (std::size_t i = 0; i < options.files.size(); ++i) {
     if (options.files[i].empty()) continue;
@@ -96,7 +96,7 @@ constexpr const char* kFooter =
 void AddImport(CLI::App& program, Action& run) {
   CLI::App* command = program.add_subcommand("import", "Import doctors, patients and images from CSV files");
   const auto options = std::make_shared<ImportOptions>();
-  command->add_option("DIR", options->folder, "The folder of the practice")->required();
+  AddPlace(*command, options->place);
   for (std::size_t i = 0; i < ImportKinds().size(); ++i) {
     const ImportKind& kind = ImportKinds()[i];
     command

@@ -18,7 +18,7 @@ constexpr int kUsualRows = 20;
 constexpr int kMostRows = 1'000'000;
 
 struct ListOptions {
-  std::string folder;
+  Place place;
   std::string table;
   std::vector<std::string> filters;
   std::string sort = "key";
@@ -93,7 +93,7 @@ void PrintPage(const Table& table, const ListOptions& options, LONG count) {
 void List(const ListOptions& options) {
   const Table& table = FindTable(options.table);
   const Request request = ReadRequest(table, options);
-  const Connection connection{PracticeFolder(options.folder)};
+  const Connection connection(options.place);
   Open(table, request);
   LONG count = 0;
   Check(table.count(&count), fmt::format("counting the {}", table.plural));
@@ -108,14 +108,15 @@ constexpr const char* kFooter =
     "blanks\n"
     "A field that a table does not have is answered with a list of those it has.\n"
     "\n"
-    "  kyodbc list DIR patients --filter \"name like M% and birthday >= 1960-01-01\" --sort name,-birthday\n";
+    "  kyodbc list PRACTICE patients --filter \"name like M% and birthday >= 1960-01-01\" --sort "
+    "name,-birthday\n";
 
 }  // namespace
 
 void AddList(CLI::App& program, Action& run) {
   CLI::App* command = program.add_subcommand("list", "List a table, filtered and sorted, page by page");
   const auto options = std::make_shared<ListOptions>();
-  command->add_option("DIR", options->folder, "The folder of the practice")->required();
+  AddPlace(*command, options->place);
   command->add_option("TABLE", options->table, "What to list: " + PluralNames())->required();
   command->add_option("--filter", options->filters, "Rows to list; several are joined by 'and'")
       ->take_all()

@@ -19,7 +19,7 @@ namespace {
 constexpr LONG kDefaultKey = 1;  // of the rows "-" that stand for "none"
 
 struct SampleOptions {
-  std::string folder;
+  Place place;
   int patients = 0;
   std::uint64_t seed = 1;
 };
@@ -174,7 +174,7 @@ void RequireEmptyPractice() {
 }
 
 void Sample(const SampleOptions& options) {
-  const Connection connection{PracticeFolder(options.folder)};
+  const Connection connection(options.place);
   RequireEmptyPractice();
   const auto start = std::chrono::steady_clock::now();
   const sample::Practice practice(options.seed, options.patients);
@@ -193,7 +193,7 @@ void Sample(const SampleOptions& options) {
 void AddSample(CLI::App& program, Action& run) {
   CLI::App* command = program.add_subcommand("sample", "Fill an empty practice with made-up rows");
   const auto options = std::make_shared<SampleOptions>();
-  command->add_option("DIR", options->folder, "The folder of the practice")->required();
+  AddPlace(*command, options->place);
   command->add_option("--patients", options->patients, "How many patients; the other tables grow with them")
       ->required()
       ->check(CLI::Range(1, sample::kMostPatients));

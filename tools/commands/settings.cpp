@@ -17,7 +17,7 @@ constexpr std::size_t kValueBytes = sizeof(tagTCONFIG::szSet) - 1;
 constexpr std::size_t kStationBytes = sizeof(tagTSTATION::szName) - 1;
 
 struct SettingOptions {
-  std::string folder;
+  Place place;
   std::string key;
   std::string value;
   std::string station = "-";
@@ -43,7 +43,7 @@ void RequireStation(const std::string& name) {
 
 void Set(const SettingOptions& options) {
   RequireFit(options);
-  const Connection connection{PracticeFolder(options.folder)};
+  const Connection connection(options.place);
   RequireStation(options.station);
   Check(DB_WriteProfileString(options.key.c_str(), options.station.c_str(), options.value.c_str()),
         fmt::format("{} '{}'", options.value.empty() ? "removing" : "storing", options.key));
@@ -61,7 +61,7 @@ std::string Read(const SettingOptions& options, const char* default_text) {
 // that happens to hold the same text.
 void Get(const SettingOptions& options) {
   RequireFit(options);
-  const Connection connection{PracticeFolder(options.folder)};
+  const Connection connection(options.place);
   RequireStation(options.station);
   const std::string value = Read(options, "");
   if (value.empty() && Read(options, "-") == "-") {
@@ -73,7 +73,7 @@ void Get(const SettingOptions& options) {
 
 CLI::App* AddCommand(CLI::App& program, SettingOptions& options, const char* name, const char* help) {
   CLI::App* command = program.add_subcommand(name, help);
-  command->add_option("DIR", options.folder, "The folder of the practice")->required();
+  AddPlace(*command, options.place);
   command->add_option("KEY", options.key, fmt::format("The setting's name, up to {} bytes", kKeyBytes))
       ->required();
   command->add_option("--station", options.station, "The station; '-' is for settings of them all")

@@ -16,7 +16,7 @@
 namespace {
 
 struct ShowOptions {
-  std::string folder;
+  Place place;
   std::string table;
   LONG key = 0;
 };
@@ -36,7 +36,7 @@ void PrintField(const std::string& title, const std::string& text, std::size_t t
 
 void Show(const ShowOptions& options) {
   const Table& table = FindTable(options.table);
-  const Connection connection{PracticeFolder(options.folder)};
+  const Connection connection(options.place);
   std::vector<char> record(table.data->record_size);
   std::memcpy(record.data(), &options.key, sizeof options.key);
   Check(table.get(record.data()), fmt::format("reading {} {}", table.singular, options.key));
@@ -52,7 +52,7 @@ void Show(const ShowOptions& options) {
 void AddShow(CLI::App& program, Action& run) {
   CLI::App* command = program.add_subcommand("show", "Show all fields of one row");
   const auto options = std::make_shared<ShowOptions>();
-  command->add_option("DIR", options->folder, "The folder of the practice")->required();
+  AddPlace(*command, options->place);
   command->add_option("TABLE", options->table, "What to show: " + SingularNames())->required();
   command->add_option("KEY", options->key, "Its key")->required()->check(CLI::PositiveNumber);
   command->callback([options, &run] { run = [options] { Show(*options); }; });

@@ -1,0 +1,98 @@
+// kyodbc doctor: what is wrong or risky about a data source.
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "tools/commands/commands.h"
+#include "tools/doctor/findings.h"
+#include "tools/doctor/query.h"
+#include "tools/doctor/schema.h"
+#include "tools/doctor/session.h"
+#include "tools/doctor/source.h"
+#include "tools/place.h"
+#include "tools/tool_error.h"
+
+namespace {
+
+struct DoctorOptions {
+  std::string source;
+  Login login;
+};
+
+void PrintFacts(CDatabase& database) {
+  std::istringstream facts(database.DescribeDriver().GetString());
+  for (std::string fact; std::getline(facts, fact, ';');) {
+    fmt::print("{}\n", fact.starts_with(' ') ? fact.substr(1) : fact);
+  }
+}
+
+void CheckAbilities(CDatabase& database, Findings& findings) {
+  if (std::string(database.DescribeDriver()).find("static cursors no") != std::string::npos) {
+    findings.Add("the driver has no static cursors, so tables cannot be browsed",
+                 "use a driver that has them");
+  }
+  if (!database.CanTransact()) {
+    findings.Add(
+        "the data source has no transactions, so a failure may leave half of a change, and whether "
+        "tables can be written to was not tried",
+        "use a driver and options that allow them");
+  }
+}
+
+// One driver makes the file that it does not find.
+bool MayConnect(const Source& source, Findings& findings) {
+  if (source.driver_file.empty()) return false;
+  if (source.kind != DriverKind::kSqlite) return true;
+  std::error_code ignored;
+  const std::string file = source.Option("Database");
+  if (std::filesystem::exists(file, ignored)) return true;
+  findings.Add(fmt::format("the database file '{}' is not there", file),
+               "correct the line Database in odbc.ini, or make the practice with 'kyodbc init'");
+  return false;
+}
+
+void CheckDatabase(const DoctorOptions& options, const Source& source, Findings& findings) {
+  const tagDBCONNECT parameters = Parameters(options.source, options.login);
+  if (!MayConnect(source, findings)) return;
+  const WORD code = DB_InitDatabase(&parameters);
+  if (code != KYODBC_OK) {
+    findings.Add(fmt::format("connecting failed: {} (code {})", MeaningOf(code), code),
+                 "run this again with KYODBC_LOG=error to see what the driver says");
+    return;
+  }
+  CDatabase& database = *DB_GetDatabase();
+  PrintFacts(database);
+  CheckAbilities(database, findings);
+  CheckPractice(database, options.login.owner, findings);
+  CheckEncoding(database, source, findings);
+  CheckEncryption(database, source, findings);
+  CheckSchema(database, options.login.owner, findings);
+  DB_CloseDatabase();
+}
+
+void Examine(const DoctorOptions& options) {
+  Findings findings;
+  const Source source = FindSource(options.source);
+  CheckSource(source, findings);
+  CheckDatabase(options, source, findings);
+  int number = 0;
+  for (const std::string& sentence : findings.Sentences()) fmt::print("{}. {}\n", ++number, sentence);
+  if (findings.Empty()) {
+    fmt::print("All is well.\n");
+  } else {
+    throw ToolError(kFailed, fmt::format("{} finding{}", number, number == 1 ? "" : "s"));
+  }
+}
+
+}  // namespace
+
+void AddDoctor(CLI::App& program, Action& run) {
+  CLI::App* command = program.add_subcommand("doctor", "Tell what is wrong or risky about a data source");
+  const auto options = std::make_shared<DoctorOptions>();
+  command->add_option("DSN", options->source, "The data source, as odbc.ini names it")->required();
+  AddLogin(*command, options->login);
+  command->callback([options, &run] { run = [options] { Examine(*options); }; });
+}
