@@ -102,7 +102,8 @@ TEST_F(Differences, AKeyTakenBackWithItsTransactionIsGivenAgainOrNot) {
   const LONG lost = Val(AddPatient("lost").lPatID);
   ASSERT_EQ(DB_RollbackTransaction(), 0);
   const LONG kept = Val(AddPatient("kept").lPatID);
-  EXPECT_EQ(kept, Documented("key of an add rolled back") == "given again" ? lost : lost + 1);
+  EXPECT_EQ(kept == lost, Documented("key of an add rolled back") == "given again");
+  EXPECT_GE(kept, lost);
 }
 
 TEST_F(Differences, FractionsOfASecondKeepTheirDigits) {

@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "tests/flat/family_tables.h"
 #include "tests/support/fixtures.h"
@@ -43,6 +44,16 @@ class TableTest : public support::ConnectedTest {
   int Count(const std::string& condition = "1=1") { return Raw().Count(Table::kTable, condition); }
   LONG HighestKey() {
     return Raw().Number(std::string("SELECT MAX(") + Table::kKeyColumn + ") FROM " + Table::kTable);
+  }
+  // All keys, ascending; a database may leave keys out when it gives new ones.
+  std::vector<LONG> Keys() {
+    std::vector<LONG> keys;
+    const std::string column = Table::kKeyColumn;
+    for (const auto& row :
+         Raw().Query("SELECT " + column + " FROM " + Table::kTable + " ORDER BY " + column)) {
+      keys.push_back(std::stoi(row.at(0).value()));
+    }
+    return keys;
   }
   bool Exists(LONG key) { return Count(Table::kKeyColumn + ("=" + std::to_string(key))) == 1; }
   std::string StoredText(LONG key) {

@@ -113,11 +113,13 @@ TEST_F(TableRules, APatientMovesToItsKey) {
   for (const char* slida : {"S1", "S2", "S3"}) AddPatient(slida);
   ASSERT_EQ(DB_SetTPatSortIndex(KYODBC_FIELD_SLIDA_ID | KYODBC_DESCENDING), 0);
   ASSERT_EQ(DB_OpenTPat(), 0);
-  EXPECT_EQ(DB_MoveToTPatByIntID(1), 3);
-  EXPECT_EQ(DB_MoveToTPatByIntID(3), 1);
+  const LONG first = Raw().Number("SELECT MIN(tPatCulIntPatIDPk) FROM TPatient");
+  const LONG last = Raw().Number("SELECT MAX(tPatCulIntPatIDPk) FROM TPatient");
+  EXPECT_EQ(DB_MoveToTPatByIntID(first), 3);
+  EXPECT_EQ(DB_MoveToTPatByIntID(last), 1);
   tagTPATIENT patient{};
   EXPECT_EQ(DB_GetTPatByPos(0, &patient), 0);
-  EXPECT_EQ(Val(patient.lPatID), 3);
+  EXPECT_EQ(Val(patient.lPatID), last);
   EXPECT_EQ(DB_MoveToTPatByIntID(4711), 1);  // the first row when there is none
 }
 
@@ -253,10 +255,11 @@ TEST_F(TableRules, CountsByOwnerCountThatOwnersRowsAndZeroCountsAll) {
 
 TEST_F(TableRules, NewestDatesHaveKeyAndTimeOfTheNewestRow) {
   for (const char* row :
-       {"1, '2001-05-06 10:00:00'", "1, '2001-05-06 10:00:01'", "2, '2002-01-01 00:00:00'"}) {
-    Raw().Exec(std::string("INSERT INTO TImage (tImgCulIntPatIDFk, tImgTs) VALUES (") + row + ")");
-    Raw().Exec(std::string("INSERT INTO TMakro (tMakCulIntImgIDFk, tMakTsLast) VALUES (") + row + ")");
-    Raw().Exec(std::string("INSERT INTO TTest (tTstCulIntUnitIDFk, tTstTs) VALUES (") + row + ")");
+       {"1, 1, '2001-05-06 10:00:00'", "2, 1, '2001-05-06 10:00:01'", "3, 2, '2002-01-01 00:00:00'"}) {
+    const std::string values = std::string(" VALUES (") + row + ")";
+    Raw().Exec("INSERT INTO TImage (tImgCulIntImgIDPk, tImgCulIntPatIDFk, tImgTs)" + values);
+    Raw().Exec("INSERT INTO TMakro (tMakCulIntMakIDPk, tMakCulIntImgIDFk, tMakTsLast)" + values);
+    Raw().Exec("INSERT INTO TTest (tTstCulIntTstIDPk, tTstCulIntUnitIDFk, tTstTs)" + values);
   }
   for (const auto newest : {DB_GetLastTImgDate, DB_GetLastTMakDate, DB_GetLastTTestDate}) {
     LONG key = 0;

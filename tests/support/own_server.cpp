@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kScript = fs::path(KYODBC_SOURCE_DIR) / "tests" / "support" / "servers";
+const fs::path kScripts = fs::path(KYODBC_SOURCE_DIR) / "tests" / "support";
 
 fs::path NewFolder() {
   const fs::path memory = "/dev/shm";
@@ -25,14 +25,14 @@ fs::path NewFolder() {
 
 }  // namespace
 
-OwnServer::OwnServer(const std::string& name) : m_name(name), m_folder(NewFolder()) {
+OwnProcesses::OwnProcesses(const std::string& script, const std::string& what)
+    : m_script(kScripts / script), m_folder(NewFolder()) {
   Watch();
-  Run("start", name);
-  m_runs = true;
+  Run("start", what);
   setenv("KYODBC_TEST_SERVERS", m_folder.c_str(), 1);
 }
 
-OwnServer::~OwnServer() {
+OwnProcesses::~OwnProcesses() {
   unsetenv("KYODBC_TEST_SERVERS");
   close(m_life_line);
   char none = 0;
@@ -41,15 +41,15 @@ OwnServer::~OwnServer() {
   close(m_ended);
 }
 
-// A process of its own takes the server down when the last holder of the life line is gone. It is no child,
+// A process of its own takes the servers down when the last holder of the life line is gone. It is no child,
 // so that whoever kills this process with all its children leaves it alive.
-void OwnServer::Watch() {
+void OwnProcesses::Watch() {
   int life_line[2];
   int ended[2];
   if (pipe2(life_line, O_CLOEXEC) != 0 || pipe2(ended, O_CLOEXEC) != 0) {
     throw std::runtime_error("no pipe");
   }
-  const std::string script = kScript;
+  const std::string script = m_script;
   const std::string folder = m_folder;
   const pid_t child = fork();
   if (child < 0) throw std::runtime_error("no process");
@@ -72,17 +72,21 @@ void OwnServer::Watch() {
   m_ended = ended[0];
 }
 
-void OwnServer::Run(const std::string& command, const std::string& more) const {
-  const std::string line = "'" + kScript.string() + "' " + command + " '" + m_folder.string() + "' " + more;
+void OwnProcesses::Run(const std::string& command, const std::string& more) const {
+  const std::string line = "'" + m_script.string() + "' " + command + " '" + m_folder.string() + "' " + more;
   if (std::system(line.c_str()) != 0) throw std::runtime_error("failed: " + line);
 }
 
-int OwnServer::Port() const {
-  std::ifstream file(m_folder / (m_name + ".port"));
+int OwnProcesses::Port(const std::string& name) const {
+  std::ifstream file(m_folder / (name + ".port"));
   int port = 0;
-  if (!(file >> port)) throw std::runtime_error("no port of " + m_name);
+  if (!(file >> port)) throw std::runtime_error("no port of " + name);
   return port;
 }
+
+OwnServer::OwnServer(const std::string& name) : OwnProcesses("servers", name), m_name(name) {}
+
+OwnCluster::OwnCluster(const std::string& kind) : OwnProcesses("cluster", kind) {}
 
 void OwnServer::Halt() {
   Run("halt", m_name);
