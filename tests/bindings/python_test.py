@@ -5,12 +5,11 @@ Usage: python_test.py ROOT INCLUDE-FOLDER C-COMPILER, with the library in LD_LIB
 """
 import ctypes
 import datetime
-import os
 import pathlib
 import re
 import subprocess
 import sys
-import tempfile
+import typing
 import unittest
 
 ROOT, INCLUDE, COMPILER = pathlib.Path(sys.argv[1]), sys.argv[2], sys.argv[3]
@@ -18,26 +17,13 @@ BINDING = ROOT / "bindings" / "python"
 sys.path.insert(0, str(BINDING))
 
 import kyodbc  # noqa: E402
+from from_c import from_c  # noqa: E402
 from kyodbc import records  # noqa: E402
 
 
 def listed(name):
     lines = (ROOT / "frame" / name).read_text().splitlines()
     return [line for line in lines if line and not line.startswith("#")]
-
-
-def from_c(expressions):
-    """What the C compiler makes of integer expressions over the headers."""
-    prints = "\n".join(f'  printf("%lld\\n", (long long)({expression}));' for expression in expressions)
-    source = ("#include <KyODBC.h>\n#include <KyODBCDiag.h>\n#include <stddef.h>\n#include <stdio.h>\n"
-              f"int main(void) {{\n{prints}\n  return 0;\n}}\n")
-    with tempfile.TemporaryDirectory(prefix="kyodbc-layout-") as folder:
-        program = os.path.join(folder, "layout")
-        clean = {key: value for key, value in os.environ.items() if key != "LD_PRELOAD"}
-        subprocess.run([COMPILER, "-std=c11", f"-I{INCLUDE}", "-x", "c", "-", "-o", program], check=True,
-                       input=source, encoding="utf-8", env=clean)
-        output = subprocess.run([program], check=True, capture_output=True, encoding="utf-8", env=clean)
-    return [int(line) for line in output.stdout.split()]
 
 
 class Description(unittest.TestCase):
@@ -61,12 +47,34 @@ class Description(unittest.TestCase):
                 place = getattr(record, field)
                 expected += [(f"{name}.{field}", place.offset), (f"{name}.{field} size", place.size)]
                 expressions += [f"offsetof({name}, {field})", f"sizeof((({name}*)0)->{field})"]
-        self.assertEqual(expected, [(what, value) for (what, _), value in zip(expected, from_c(expressions))])
+        values = from_c(expressions, INCLUDE, COMPILER)
+        self.assertEqual(expected, [(what, value) for (what, _), value in zip(expected, values)])
 
     def test_constants_have_the_values_of_the_compiler(self):
         names = [name for name in vars(records) if name.startswith("KYODBC_")]
         self.assertGreater(len(names), 140)
-        self.assertEqual([(name, getattr(records, name)) for name in names], list(zip(names, from_c(names))))
+        self.assertEqual([(name, getattr(records, name)) for name in names],
+                         list(zip(names, from_c(names, INCLUDE, COMPILER))))
+
+    def test_every_result_code_has_its_name(self):
+        text = (ROOT / "platform/result_codes.h").read_text()
+        codes = re.findall(r"^  (KYODBC_\w+) = (\d+)", text, re.M)
+        self.assertEqual(records.CODE_NAMES, {int(code): name for name, code in codes})
+
+    def test_hints_of_fields_tell_what_reading_gives(self):
+        for record in records.RECORDS:
+            hints = typing.get_type_hints(record)
+            self.assertEqual(list(hints), [field for field, _ in record._fields_])
+            for field, hint in hints.items():
+                self.assertIsInstance(getattr(record(), field), typing.get_origin(hint) or hint, field)
+
+    def test_every_function_for_callers_has_hints(self):
+        self.assertTrue((BINDING / "kyodbc/py.typed").is_file())
+        tables = [getattr(kind, name) for kind in (kyodbc.Table, kyodbc.ChangeableTable, kyodbc.Practice)
+                  for name in vars(kind) if not name.startswith("_")]
+        for function in (kyodbc.load, kyodbc.last_error, kyodbc.check, kyodbc.pack, kyodbc.number,
+                         kyodbc.text, *tables):
+            self.assertIn("return", function.__annotations__, function)
 
     def test_every_exported_function_has_arguments_and_a_result(self):
         names = [name for name, _, _ in records.FUNCTIONS]
@@ -127,7 +135,7 @@ class Calls(unittest.TestCase):
         self.assertEqual(self.db.DB_GetTPat(kyodbc.tagTPATIENT()), kyodbc.KYODBC_NOT_OPENED)
         with self.assertRaises(kyodbc.Error) as caught:
             kyodbc.check(self.db, self.db.DB_GetTPat(kyodbc.tagTPATIENT()))
-        self.assertEqual(caught.exception.code, 3)
+        self.assertEqual((caught.exception.code, caught.exception.name), (3, "KYODBC_NOT_OPENED"))
         self.assertEqual(caught.exception.detail.szFunction, "DB_GetTPat")
 
     def test_numbers_and_texts_are_handed_out(self):

@@ -16,6 +16,11 @@ class tagDBCONNECT(Record):
         ("szOwner", ctypes.c_char * 260),
         ("bExclusive", BOOL),
     ]
+    szDSN: "str"
+    szUID: "str"
+    szPWD: "str"
+    szOwner: "str"
+    bExclusive: "int"
 
 
 class tagDBINFO(Record):
@@ -25,6 +30,9 @@ class tagDBINFO(Record):
         ("szDatabase", ctypes.c_char * 33),
         ("abReserved", BYTE * 15),
     ]
+    szDSN: "str"
+    szDatabase: "str"
+    abReserved: "ctypes.Array[ctypes.c_ubyte]"
 
 
 class tagTCONFIG(Record):
@@ -36,6 +44,11 @@ class tagTCONFIG(Record):
         ("szKey", ctypes.c_char * 25),
         ("szSet", ctypes.c_char * 129),
     ]
+    lCfgID: "int"
+    lDrID: "int"
+    lStatID: "int"
+    szKey: "str"
+    szSet: "str"
 
 
 class tagTDIAGNOSIS(Record):
@@ -49,6 +62,13 @@ class tagTDIAGNOSIS(Record):
         ("szCode", ctypes.c_char * 33),
         ("szText", ctypes.c_char * 256),
     ]
+    lDiagID: "int"
+    lImgID: "int"
+    lDrID: "int"
+    szRegio: "str"
+    ts: "TIMESTAMP_STRUCT"
+    szCode: "str"
+    szText: "str"
 
 
 class tagTDOCTOR(Record):
@@ -58,6 +78,9 @@ class tagTDOCTOR(Record):
         ("szName", ctypes.c_char * 33),
         ("szSrvID", ctypes.c_char * 65),
     ]
+    lDrID: "int"
+    szName: "str"
+    szSrvID: "str"
 
 
 class tagTGROUP(Record):
@@ -73,6 +96,15 @@ class tagTGROUP(Record):
         ("szPvwFile", ctypes.c_char * 48),
         ("szPvwLoc", ctypes.c_char * 2),
     ]
+    lGrpID: "int"
+    lPatID: "int"
+    szName: "str"
+    ts: "TIMESTAMP_STRUCT"
+    szLoc: "str"
+    szFile: "str"
+    wMakNo: "int"
+    szPvwFile: "str"
+    szPvwLoc: "str"
 
 
 class tagTIMAGE(Record):
@@ -102,6 +134,29 @@ class tagTIMAGE(Record):
         ("szFile", ctypes.c_char * 48),
         ("lMakIDLast", LONG),
     ]
+    lImgID: "int"
+    lPatID: "int"
+    lUnitID: "int"
+    lDrID: "int"
+    szType: "str"
+    szRegio: "str"
+    szName: "str"
+    ts: "TIMESTAMP_STRUCT"
+    szPreg: "str"
+    szOrdType: "str"
+    szOrdRegio: "str"
+    szOrdReason: "str"
+    szArcType: "str"
+    szArcLoc: "str"
+    szArcFile: "str"
+    szArcVol: "str"
+    dArcOut: "TIMESTAMP_STRUCT"
+    dArcIn: "TIMESTAMP_STRUCT"
+    szPvwLoc: "str"
+    szPvwFile: "str"
+    szLoc: "str"
+    szFile: "str"
+    lMakIDLast: "int"
 
 
 class tagTMAKRO(Record):
@@ -115,6 +170,13 @@ class tagTMAKRO(Record):
         ("szLoc", ctypes.c_char * 2),
         ("wNo", WORD),
     ]
+    lMakID: "int"
+    lImgID: "int"
+    szName: "str"
+    tsLast: "TIMESTAMP_STRUCT"
+    szFile: "str"
+    szLoc: "str"
+    wNo: "int"
 
 
 class tagTPATIENT(Record):
@@ -135,6 +197,20 @@ class tagTPATIENT(Record):
         ("szIDDisp", ctypes.c_char * 33),
         ("tsLastDisp", TIMESTAMP_STRUCT),
     ]
+    lPatID: "int"
+    lDrID: "int"
+    szExtPatID: "str"
+    szSrvID: "str"
+    szSlidaID: "str"
+    szSocID: "str"
+    szName: "str"
+    szFirstname: "str"
+    dBirthday: "TIMESTAMP_STRUCT"
+    szSex: "str"
+    lSelect: "int"
+    dEntry: "TIMESTAMP_STRUCT"
+    szIDDisp: "str"
+    tsLastDisp: "TIMESTAMP_STRUCT"
 
 
 class tagTPATIENTEX(Record):
@@ -156,6 +232,21 @@ class tagTPATIENTEX(Record):
         ("tsLastDisp", TIMESTAMP_STRUCT),
         ("szDrName", ctypes.c_char * 33),
     ]
+    lPatID: "int"
+    lDrID: "int"
+    szExtPatID: "str"
+    szSrvID: "str"
+    szSlidaID: "str"
+    szSocID: "str"
+    szName: "str"
+    szFirstname: "str"
+    dBirthday: "TIMESTAMP_STRUCT"
+    szSex: "str"
+    lSelect: "int"
+    dEntry: "TIMESTAMP_STRUCT"
+    szIDDisp: "str"
+    tsLastDisp: "TIMESTAMP_STRUCT"
+    szDrName: "str"
 
 
 class tagTSTATION(Record):
@@ -164,6 +255,8 @@ class tagTSTATION(Record):
         ("lStatID", LONG),
         ("szName", ctypes.c_char * 17),
     ]
+    lStatID: "int"
+    szName: "str"
 
 
 class tagTTEST(Record):
@@ -186,6 +279,22 @@ class tagTTEST(Record):
         ("szLoc", ctypes.c_char * 2),
         ("szFile", ctypes.c_char * 48),
     ]
+    lTstID: "int"
+    lUnitID: "int"
+    szPerson: "str"
+    szType: "str"
+    szRegio: "str"
+    szName: "str"
+    ts: "TIMESTAMP_STRUCT"
+    szResult: "str"
+    szArcType: "str"
+    szArcLoc: "str"
+    szArcFile: "str"
+    szArcVol: "str"
+    dArcOut: "TIMESTAMP_STRUCT"
+    dArcIn: "TIMESTAMP_STRUCT"
+    szLoc: "str"
+    szFile: "str"
 
 
 class tagTUNIT(Record):
@@ -203,6 +312,17 @@ class tagTUNIT(Record):
         ("szConeSNo", ctypes.c_char * 11),
         ("szTestBodySNo", ctypes.c_char * 11),
     ]
+    lUnitID: "int"
+    szType: "str"
+    szName: "str"
+    dAccept: "TIMESTAMP_STRUCT"
+    szCtrlUnitSNo: "str"
+    szSensSNo: "str"
+    szGenSNo: "str"
+    szTubeSNo: "str"
+    szCtrlElemSNo: "str"
+    szConeSNo: "str"
+    szTestBodySNo: "str"
 
 
 class tagPATIENTCOMPACT(Record):
@@ -222,6 +342,19 @@ class tagPATIENTCOMPACT(Record):
         ("bySex", BYTE),
         ("byReserved", BYTE),
     ]
+    szName: "str"
+    szFirstname: "str"
+    wYear: "int"
+    byMonth: "int"
+    byDay: "int"
+    wDispYear: "int"
+    byDispMonth: "int"
+    byDispDay: "int"
+    szDrName: "str"
+    dwID: "int"
+    szIdent: "str"
+    bySex: "int"
+    byReserved: "int"
 
 
 class tagDBERRORDETAIL(Record):
@@ -235,6 +368,13 @@ class tagDBERRORDETAIL(Record):
         ("lRecords", LONG),
         ("szMessage", ctypes.c_char * 512),
     ]
+    dwSize: "int"
+    wCode: "int"
+    szFunction: "str"
+    szState: "str"
+    lNative: "int"
+    lRecords: "int"
+    szMessage: "str"
 
 
 RECORDS = (tagDBCONNECT, tagDBINFO, tagTCONFIG, tagTDIAGNOSIS, tagTDOCTOR, tagTGROUP, tagTIMAGE, tagTMAKRO, tagTPATIENT, tagTPATIENTEX, tagTSTATION, tagTTEST, tagTUNIT, tagPATIENTCOMPACT, tagDBERRORDETAIL)
@@ -392,6 +532,30 @@ KYODBC_MASK_UNIT_TEST_BODY = 0x200
 KYODBC_MASK_ALL = 0xFFFFFFFF
 KYODBC_INTERFACE_VERSION = 0x105
 KYODBC_ERROR_DETAIL_SIZE_1 = 0x234
+
+# The names of the result codes.
+CODE_NAMES = {
+    0: "KYODBC_OK",
+    1: "KYODBC_BAD_ARGUMENT",
+    3: "KYODBC_NOT_OPENED",
+    4: "KYODBC_CLOSE_FAILED",
+    5: "KYODBC_COUNT_FAILED",
+    6: "KYODBC_WRITE_FAILED",
+    8: "KYODBC_DELETE_FAILED",
+    14: "KYODBC_OUT_OF_MEMORY",
+    21: "KYODBC_PATIENT_NOT_FOUND",
+    30: "KYODBC_CONNECT_FAILED",
+    31: "KYODBC_DB_EXCEPTION",
+    52: "KYODBC_NOT_UNIQUE",
+    55: "KYODBC_NO_TRANSACTIONS",
+    56: "KYODBC_SCHEMA_TOO_OLD",
+    57: "KYODBC_RECONNECTED",
+    64: "KYODBC_NO_ROW",
+    65: "KYODBC_IMAGE_NOT_FOUND",
+    66: "KYODBC_UNIT_NOT_FOUND",
+    67: "KYODBC_TEST_NOT_FOUND",
+    99: "KYODBC_SETS_NOT_CREATED",
+}
 
 # Name, result, arguments.
 FUNCTIONS = (

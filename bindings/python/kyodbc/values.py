@@ -1,6 +1,7 @@
 """How values of Python travel through the library: texts, numbers and times."""
 import ctypes
 import datetime
+from typing import Any, Optional, Union
 
 BYTE, WORD, DWORD = ctypes.c_uint8, ctypes.c_uint16, ctypes.c_uint32
 LONG = BOOL = ctypes.c_int32
@@ -9,7 +10,7 @@ LONG = BOOL = ctypes.c_int32
 _ERRORS = "surrogateescape"
 
 
-def encode(text, size=None):
+def encode(text: str, size: Optional[int] = None) -> bytes:
     """The text as UTF-8 bytes up to its first zero character; with a `size`, at most size-1 bytes of it, never
     a part of a character. That is how the library cuts too."""
     text = text.split("\0", 1)[0]
@@ -24,7 +25,7 @@ def encode(text, size=None):
     return bytes(kept)
 
 
-def decode(data):
+def decode(data: Union[bytes, bytearray]) -> str:
     """The bytes up to the first zero byte as a text."""
     return bytes(data).split(b"\0", 1)[0].decode("utf-8", _ERRORS)
 
@@ -35,7 +36,7 @@ class TIMESTAMP_STRUCT(ctypes.Structure):
                 ("second", WORD), ("fraction", DWORD)]
 
     @classmethod
-    def of(cls, value):
+    def of(cls, value: Optional[datetime.date]) -> "TIMESTAMP_STRUCT":
         """From a datetime or a date; None gives all fields 0. The fraction counts nanoseconds."""
         if value is None:
             return cls()
@@ -44,7 +45,7 @@ class TIMESTAMP_STRUCT(ctypes.Structure):
         return cls(value.year, value.month, value.day, value.hour, value.minute, value.second,
                    value.microsecond * 1000)
 
-    def datetime(self):
+    def datetime(self) -> Optional[datetime.datetime]:
         """As a datetime; None for what the calendar does not know."""
         try:
             return datetime.datetime(self.year, self.month, self.day, self.hour, self.minute, self.second,
@@ -57,18 +58,18 @@ class Record(ctypes.Structure):
     """A packed record. Its text fields read and write as str, cut to the field as the library cuts; times take
     a TIMESTAMP_STRUCT, a datetime, a date or None."""
 
-    def __init__(self, **values):
+    def __init__(self, **values: Any) -> None:
         super().__init__()
         for name, value in values.items():
             if name not in dict(self._fields_):
                 raise AttributeError(f"{type(self).__name__} has no field {name}")
             setattr(self, name, value)
 
-    def __getattribute__(self, name):
+    def __getattribute__(self, name: str) -> Any:
         value = super().__getattribute__(name)
         return decode(value) if isinstance(value, bytes) else value
 
-    def __setattr__(self, name, value):
+    def __setattr__(self, name: str, value: Any) -> None:
         kind = dict(self._fields_).get(name)
         if kind is None:
             raise AttributeError(f"{type(self).__name__} has no field {name}")
@@ -86,7 +87,7 @@ class Text:
     """An argument of type const char*: a str, bytes or None."""
 
     @staticmethod
-    def from_param(value):
+    def from_param(value: Any) -> Any:
         return ctypes.c_char_p.from_param(encode(value) if isinstance(value, str) else value)
 
 
@@ -94,7 +95,7 @@ class Value:
     """The value of a filter clause: an int for keys, a str, a date or datetime, or None for an unused one."""
 
     @staticmethod
-    def from_param(value):
+    def from_param(value: Any) -> Any:
         if isinstance(value, str):
             return ctypes.c_char_p.from_param(encode(value))
         if isinstance(value, int):
