@@ -33,12 +33,13 @@ c++ -std=c++20 -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -fsyntax-o
   -I"$work/prefix/include" "$work/all.cpp"
 echo "$(wc -l <"$work/all.cpp") installed headers: complete"
 
-PYTHONPATH=$work/prefix/share/kyodbc/python python3 -B -c 'import kyodbc; kyodbc.tagTPATIENT(szName="x")'
+PYTHONPATH=$work/prefix/lib/python3/dist-packages \
+  python3 -B -c 'import kyodbc; kyodbc.tagTPATIENT(szName="x")'
 echo "the package for Python: found"
 
 export PKG_CONFIG_PATH=$work/prefix/$libraries/pkgconfig LD_LIBRARY_PATH=$work/prefix/$libraries
-read -ra compile <<<"$flags $(pkg-config --define-prefix --cflags kyodbc)"
-read -ra link <<<"$(pkg-config --define-prefix --libs kyodbc)"
+read -ra compile <<<"$flags $(pkg-config --cflags kyodbc)"
+read -ra link <<<"$(pkg-config --libs kyodbc)"
 cc -std=c11 "${compile[@]}" "$here/user.c" -o "$work/user_c" "${link[@]}"
 c++ -std=c++20 "${compile[@]}" "$here/user.cpp" -o "$work/user_cpp" "${link[@]}"
 "$work/user_c"
