@@ -14,7 +14,7 @@ _kyodbc() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} command=${COMP_WORDS[1]-}
   COMPREPLY=()
   if [[ $COMP_CWORD -eq 1 ]]; then
-    COMPREPLY=($(compgen -W '@SUBCOMMANDS@ --help' -- "$current"))
+    COMPREPLY=($(compgen -W '@FIRST@' -- "$current"))
     return
   fi
   case "$command $previous" in
@@ -63,11 +63,13 @@ def of_values(command):
             yield f"    {patterns}) {value_reply(words, text)}; return ;;"
 
 
+def options(command):
+    return [flag for title, entries in command.sections.items() if title not in ("Positionals", "Subcommands")
+            for words, _ in entries for flag in flags(words) if flag.startswith("--")]
+
+
 def of_options(command):
-    name = command.name.split()[-1]
-    every = [flag for title, entries in command.sections.items() if title != "Positionals"
-             for words, _ in entries for flag in flags(words) if flag.startswith("--")]
-    return f"      {name}) {reply(every)} ;;"
+    return f"      {command.name.split()[-1]}) {reply(options(command))} ;;"
 
 
 def of_arguments(command):
@@ -81,7 +83,7 @@ def of_arguments(command):
 def main(program, output):
     top, subcommands = ask_all(program)
     names = [name for name, _ in top.entries("Subcommands")]
-    text = HEAD.replace("@SUBCOMMANDS@", " ".join(names))
+    text = HEAD.replace("@FIRST@", " ".join(names + options(top)))
     text += "\n".join(line for command in subcommands for line in of_values(command)) + "\n" + BETWEEN
     text += "\n".join(map(of_options, subcommands)) + "\n" + FOOT
     text += "\n".join(map(of_arguments, subcommands)) + "\n" + END

@@ -49,6 +49,11 @@ def main(program, version, output):
     page.paragraph("Of most subcommands:")
     for words, text in common:
         page.term(words, text)
+    own = [entry for entry in top.entries("Options") if entry[0] not in LEFT_OUT]
+    if own:
+        page.paragraph("Before the subcommand:")
+    for words, text in own:
+        page.term(words, text)
     page.heading("SUBCOMMANDS")
     for command in subcommands:
         describe(page, command, common, top.footer)

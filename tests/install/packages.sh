@@ -39,7 +39,10 @@ dependencies() {
 providers() {
   dpkg-query -W -f '${db:Status-Status} ${Package} ${Provides}\n' | awk -v wanted="$*" '
     BEGIN { split(wanted, list, " "); for (place in list) names[list[place]] }
-    $1 == "installed" { gsub(/[(][^)]*[)]|,/, ""); for (i = 2; i <= NF; ++i) if ($i in names) { print $2; break } }'
+    $1 == "installed" {
+      gsub(/[(][^)]*[)]|,/, "")
+      for (i = 2; i <= NF; ++i) if ($i in names) { print $2; break }
+    }'
 }
 
 readonly there='Package: ${Package}
