@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """A practice from Python. Usage: practice_test.py ROOT SOURCE [USER PASSWORD], on a practice of its own."""
+import contextlib
 import datetime
+import io
 import pathlib
+import re
 import sys
 import unittest
 
@@ -130,6 +133,26 @@ class Changing(PracticeCase):
         self.assertEqual(self.practice.setting("Language", "gone"), "gone")
         with self.assertRaises(kyodbc.NotFound):
             self.practice.set_setting("Language", "x", station="no such station")
+
+
+class Readme(PracticeCase):
+    def test_the_program_in_it_runs_as_printed(self):
+        for patient in self.patients.browse(NAME_LIKE_M):
+            patient.dBirthday = datetime.date(1950, 1, 1)
+            born = patient
+        self.patients.edit(born, kyodbc.KYODBC_MASK_PAT_BIRTHDAY)
+        self.practice.close()
+        page = (ROOT / "bindings/python/README.md").read_text(encoding="utf-8")
+        program = re.search(r"^```python\n(.*?)^```", page, re.M | re.S)[1]
+        self.assertIn('Practice("practice")', program)
+        output = io.StringIO()
+        with contextlib.redirect_stdout(output):
+            exec(program.replace('"practice"', "*SOURCE"), {"SOURCE": SOURCE})
+        self.assertEqual(output.getvalue(), f"{born.szName} {born.szFirstname} 1950-01-01 00:00:00\n")
+        with kyodbc.Practice(*SOURCE) as practice:
+            doctor = [each for each in practice.doctors if each.szName == "Dr. Grün"][0]
+            self.assertEqual(next(iter(practice.patients)).lDrID, doctor.lDrID)
+            practice.doctors.delete(doctor)
 
 
 class Connecting(unittest.TestCase):
