@@ -37,6 +37,8 @@ install(DIRECTORY bindings/python/kyodbc DESTINATION ${KYODBC_PYTHON_FOLDER} COM
         FILES_MATCHING PATTERN "*.py" PATTERN "py.typed" PATTERN "__pycache__" EXCLUDE)
 install(FILES bindings/python/README.md bindings/python/example.py
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kyodbc-tools/python COMPONENT tools)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libkyodbc-dev COMPONENT development
+        FILES_MATCHING PATTERN "*.c" PATTERN "*.cpp" PATTERN "README.md")
 install(FILES bindings/csharp/KyODBC.cs DESTINATION ${CMAKE_INSTALL_DATADIR}/kyodbc/csharp COMPONENT development)
 foreach(entry library=libkyodbc1 development=libkyodbc-dev tools=kyodbc-tools fault=libkyfault)
   string(REGEX MATCH "^(.*)=(.*)$" entry ${entry})
