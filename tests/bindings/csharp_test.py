@@ -73,21 +73,34 @@ class Declarations(unittest.TestCase):
                          from_c([name for name, _ in constants], INCLUDE, COMPILER))
 
 
+def compile_cs(program, *sources):
+    clean = {key: value for key, value in os.environ.items() if key != "LD_PRELOAD"}
+    subprocess.run(["mcs", "-warnaserror", f"-out:{program}", *sources, BINDING / "KyODBC.cs"], check=True,
+                   env=clean)
+
+
 @unittest.skipUnless(shutil.which("mcs") and shutil.which("mono"), "there is no compiler for C#")
 class Compiled(unittest.TestCase):
     def test_the_declarations_mean_the_library(self):
-        clean = {key: value for key, value in os.environ.items() if key != "LD_PRELOAD"}
         # The run-time of C# handles bad addresses itself, as null references.
         signals = ":".join(f"handle_{name}=0" for name in ("segv", "sigbus", "sigfpe", "abort"))
         checked = {**os.environ, "ASAN_OPTIONS": f"detect_leaks=0:{signals}"}
         with tempfile.TemporaryDirectory(prefix="kyodbc-csharp-") as folder:
             program = os.path.join(folder, "layout.exe")
-            sources = [HERE / "layout.cs", BINDING / "KyODBC.cs"]
-            subprocess.run(["mcs", "-warnaserror", f"-out:{program}", *sources], check=True, env=clean)
+            compile_cs(program, HERE / "layout.cs")
             output = subprocess.run(["mono", program], check=True, capture_output=True, encoding="utf-8",
                                     timeout=60, env=checked).stdout.splitlines()
         self.assertEqual(output, [*layout_of_the_compiler(), "version 1 261", "get 3 Müller",
                                   "failed DB_GetTPat", "setting 3 ä 2", "cut xä"])
+
+    def test_the_program_of_the_page_compiles(self):
+        page = (BINDING / "README.md").read_text(encoding="utf-8")
+        program = re.search(r"^```csharp\n(.*?)^```", page, re.M | re.S)[1]
+        with tempfile.TemporaryDirectory(prefix="kyodbc-csharp-") as folder:
+            source = pathlib.Path(folder) / "page.cs"
+            source.write_text(f"using System; class Page {{ static int Main() {{ {program} return 0; }} }}\n",
+                              encoding="utf-8")
+            compile_cs(source.with_suffix(".exe"), source)
 
 
 if __name__ == "__main__":
