@@ -7,7 +7,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
-#include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "platform/cdbexception.h"
@@ -29,40 +29,33 @@ namespace {
 
 constexpr DWORD kLoginTimeoutSeconds = 30;
 
-CString InBraces(const char* value) {
-  CString text(value);
-  text.Replace("}", "}}");
-  return "{" + text + "}";
+SecretText InBraces(std::string_view value) {
+  SecretText text("{");
+  for (std::size_t brace = value.find('}'); brace != std::string_view::npos; brace = value.find('}')) {
+    text += value.substr(0, brace + 1);
+    text += "}";
+    value.remove_prefix(brace + 1);
+  }
+  text += value;
+  text += "}";
+  return text;
 }
 
 // One driver takes braces around a user for a part of the name: only where there is no other way.
-CString User(const char* value) {
-  return *value == '{' || std::strchr(value, ';') != nullptr ? InBraces(value) : CString(value);
+SecretText User(std::string_view value) {
+  return value.starts_with('{') || value.find(';') != std::string_view::npos ? InBraces(value)
+                                                                             : SecretText(value);
 }
 
 // One driver decodes "%3B" and "+" outside braces.
-CString Password(const char* value) {
-  const std::string_view text(value);
-  const bool blank_end = text.starts_with(' ') || text.ends_with(' ');
-  return blank_end || std::strpbrk(value, ";{}%+") != nullptr ? InBraces(value) : CString(value);
+SecretText Password(std::string_view value) {
+  const bool blank_end = value.starts_with(' ') || value.ends_with(' ');
+  return blank_end || value.find_first_of(";{}%+") != std::string_view::npos ? InBraces(value)
+                                                                             : SecretText(value);
 }
 
 // No data source can have such a name, and drivers do not agree on what it would mean.
 bool IsSourceName(const char* name) { return std::strpbrk(name, ";{}") == nullptr; }
-
-// A text that is overwritten when it is not needed any more.
-class WipedText {
- public:
-  explicit WipedText(const CString& text) : m_text(text) {}
-  ~WipedText() { explicit_bzero(m_text.GetBuffer(), static_cast<std::size_t>(m_text.GetLength())); }
-  WipedText(const WipedText&) = delete;
-  WipedText& operator=(const WipedText&) = delete;
-
-  const char* Text() const { return m_text; }
-
- private:
-  CString m_text;
-};
 
 template <class Set>
 void CloseAndDestroy(Set*& set) {
@@ -141,11 +134,15 @@ WORD CDBConnection::GiveUp(WORD code) {
   return code;
 }
 
-CString CDBConnection::ConnectString() const {
-  CString text;
-  if (m_Params.szDSN[0] != '\0') text += CString("DSN=") + m_Params.szDSN;
-  if (m_Params.szUID[0] != '\0') text += ";UID=" + User(m_Params.szUID);
-  if (m_Params.szPWD[0] != '\0') text += ";PWD=" + Password(m_Params.szPWD);
+SecretText CDBConnection::ConnectString() const {
+  SecretText text;
+  const auto append = [&text](std::string_view keyword, std::string_view value) {
+    text += keyword;
+    text += value;
+  };
+  if (m_Params.szDSN[0] != '\0') append("DSN=", m_Params.szDSN);
+  if (m_Params.szUID[0] != '\0') append(";UID=", User(m_Params.szUID).View());
+  if (m_Params.szPWD[0] != '\0') append(";PWD=", Password(m_Params.szPWD).View());
   return text;
 }
 
@@ -159,9 +156,8 @@ DWORD CDBConnection::OpenOptions() const {
 WORD CDBConnection::OpenDatabase() {
   if (!IsSourceName(m_Params.szDSN)) return kNotOpened;
   try {
-    const WipedText connect(ConnectString());
     m_pDatabase->SetLoginTimeout(kLoginTimeoutSeconds);
-    return m_pDatabase->OpenEx(connect.Text(), OpenOptions()) ? kOk : kNotOpened;
+    return m_pDatabase->OpenEx(ConnectString(), OpenOptions()) ? kOk : kNotOpened;
   } catch (CDBException* exception) {
     const bool refused = exception->m_nRetCode == AFX_SQL_ERROR_CONNECT_FAIL;
     return klog::Caught(exception, refused ? kConnectFailed : kNotOpened);

@@ -8,6 +8,7 @@
 
 #include "platform/cdatabase.h"
 #include "platform/cstring.h"
+#include "platform/secret_text.h"
 #include "platform/types.h"
 #include "tables/records.h"
 
@@ -48,7 +49,7 @@ class CDBConnection {
   // What Connect passes to the database: "DSN=...;UID=...;PWD=..." of the parts given, in braces where a
   // driver would otherwise read more into them; 8, plus 1 for an exclusive connection, plus 4 for one with an
   // owner.
-  CString ConnectString() const;
+  SecretText ConnectString() const;
   DWORD OpenOptions() const;
 
   // Whether `object` is this connection, its database or one of its browse sets.

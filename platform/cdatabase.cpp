@@ -1,6 +1,7 @@
 #include "platform/cdatabase.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include <fmt/format.h>
 
@@ -15,7 +16,7 @@
 namespace {
 
 constexpr DWORD kDefaultTimeout = 15;
-constexpr const char* kPrefix = "ODBC;";
+constexpr std::string_view kPrefix = "ODBC;";
 constexpr SQLINTEGER kMariaDBSocketFailed = 2002;
 constexpr SQLINTEGER kMariaDBHostUnknown = 2005;
 
@@ -85,10 +86,26 @@ CString ReasonText(RETCODE code) {
   throw new CDBException(code, error, origins);
 }
 
+// A null text is empty.
+std::string_view WithoutPrefix(const char* connect) {
+  const std::string_view text(connect == nullptr ? "" : connect);
+  return CString(std::string(text.substr(0, kPrefix.size()))).CompareNoCase(kPrefix.data()) == 0
+             ? text.substr(kPrefix.size())
+             : text;
+}
+
+// A statement may take the query time-out; the server then says so itself, for which it gets some time more.
+SecretText WithTimeouts(std::string_view connect, DWORD login, DWORD query) {
+  constexpr DWORD kTimeToAnswer = 5;
+  const DWORD silence = query == 0 ? 0 : query + kTimeToAnswer;
+  const SecretText limited = WithLoginTimeout(WithoutIgnoredLogin(connect).View(), login);
+  return WithSilenceLimit(limited.View(), silence);
+}
+
 // A server that cannot be reached has no patient's values to tell, so its words are shown whole, but for the
 // password, should it be among them.
-void LogConnectFailure(const CString& connect, const odbc::Diagnostics& records) {
-  const CString password = ConnectPart(connect, "PWD");
+void LogConnectFailure(std::string_view connect, const odbc::Diagnostics& records) {
+  const SecretText password = ConnectPart(connect, "PWD");
   const CString shown = HarmlessParts(connect);
   if (records.empty()) klog::Error(fmt::format("cannot connect to {}", shown.View()));
   for (const odbc::DiagRecord& record : records) {
@@ -125,20 +142,12 @@ CDatabase::CDatabase()
 
 CDatabase::~CDatabase() { CDatabase::Close(); }
 
-// A statement may take the query time-out; the server then says so itself, for which it gets some time more.
-CString CDatabase::WithTimeouts(const CString& connect) const {
-  constexpr DWORD kTimeToAnswer = 5;
-  const DWORD silence = m_dwQueryTimeout == 0 ? 0 : m_dwQueryTimeout + kTimeToAnswer;
-  return WithSilenceLimit(WithLoginTimeout(WithoutIgnoredLogin(connect), m_dwLoginTimeout), silence);
-}
-
 const CRuntimeClass* CDatabase::GetRuntimeClass() const { return &kClassCDatabase; }
 
 BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
   Close();
   odbc::SetPatience(m_dwQueryTimeout);
-  CString text(connect);
-  if (text.Left(5).CompareNoCase(kPrefix) == 0) text = text.Mid(5);
+  const std::string_view text = WithoutPrefix(connect);
   auto connection = std::make_unique<odbc::Connection>();
   if (!odbc::Succeeded(connection->Allocate())) AfxThrowDBException(SQL_ERROR, nullptr, SQL_NULL_HSTMT);
   // A driver that refuses either of these connects all the same.
@@ -146,8 +155,8 @@ BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
   m_bReadOnly = (options & openReadOnly) != 0;
   if (m_bReadOnly) connection->SetAccessReadOnly();
   // A data source without a name would be the driver manager's default one: nobody asked for that.
-  if (text.IsEmpty()) AfxThrowDBException(AFX_SQL_ERROR_CONNECT_FAIL, nullptr, SQL_NULL_HSTMT);
-  if (!odbc::Succeeded(connection->Connect(WithTimeouts(text)))) {
+  if (text.empty()) AfxThrowDBException(AFX_SQL_ERROR_CONNECT_FAIL, nullptr, SQL_NULL_HSTMT);
+  if (!odbc::Succeeded(connection->Connect(WithTimeouts(text, m_dwLoginTimeout, m_dwQueryTimeout)))) {
     const odbc::Diagnostics records = connection->Diagnose();
     LogConnectFailure(text, records);
     Throw(IsConnectFailure(records) ? AFX_SQL_ERROR_CONNECT_FAIL : RETCODE{SQL_ERROR}, records);

@@ -102,7 +102,6 @@ class KYODBC_API CDatabase : public CObject {
 
  private:
   void EndSets();
-  CString WithTimeouts(const CString& connect) const;
   void PrepareSession();
   void LimitStatements();
   BOOL EndTrans(bool commit);

@@ -1,10 +1,11 @@
 #include "platform/connect_text.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <charconv>
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -23,18 +24,34 @@ constexpr const char* kPostgreSQLDriver = "psqlodbc";
 constexpr const char* kSQLiteDriver = "sqlite";
 constexpr const char* kPostgreSQLOptions = "pqopt";
 
-CString Keyword(const CString& part) {
-  CString keyword = part.SpanExcluding("=");
-  return keyword.Trim();
+std::string_view Trimmed(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-CString WithoutBraces(CString value) {
-  value.Trim();
-  const int length = value.GetLength();
-  if (length < 2 || value.GetAt(0) != '{' || value.GetAt(length - 1) != '}') return value;
-  value = value.Mid(1, length - 2);
-  value.Replace("}}", "}");
-  return value;
+char Lower(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+}
+
+bool HasKeyword(std::string_view part, std::string_view keyword) {
+  const std::string_view own = Trimmed(part.substr(0, part.find('=')));
+  return std::equal(own.begin(), own.end(), keyword.begin(), keyword.end(),
+                    [](char left, char right) { return Lower(left) == Lower(right); });
+}
+
+SecretText WithoutBraces(std::string_view value) {
+  value = Trimmed(value);
+  if (value.size() < 2 || value.front() != '{' || value.back() != '}') return SecretText(value);
+  value = value.substr(1, value.size() - 2);
+  SecretText inside;
+  for (std::size_t brace = value.find("}}"); brace != std::string_view::npos; brace = value.find("}}")) {
+    inside += value.substr(0, brace + 1);
+    value.remove_prefix(brace + 2);
+  }
+  inside += value;
+  return inside;
 }
 
 // Behind the braces that begin at `open`; a brace written twice is one of the value. Without a last one the
@@ -55,21 +72,21 @@ std::size_t EndOfPart(std::string_view text) {
 }
 
 // The parts "keyword=value" of a connection string.
-std::vector<CString> Parts(const CString& connect) {
-  std::vector<CString> parts;
-  for (std::string_view rest = connect.View(); !rest.empty();) {
-    const std::size_t end = EndOfPart(rest);
-    if (end > 0) parts.emplace_back(std::string(rest.substr(0, end)));
-    rest.remove_prefix(std::min(end + 1, rest.size()));
+std::vector<std::string_view> Parts(std::string_view connect) {
+  std::vector<std::string_view> parts;
+  while (!connect.empty()) {
+    const std::size_t end = EndOfPart(connect);
+    if (end > 0) parts.push_back(connect.substr(0, end));
+    connect.remove_prefix(std::min(end + 1, connect.size()));
   }
   return parts;
 }
 
 // The file of the driver that the string means, by way of a data source or not, and of a section for the
 // driver or not.
-std::string DriverFile(const CString& connect) {
-  const CString source = ConnectPart(connect, "DSN");
-  std::string driver = ConnectPart(connect, "DRIVER").GetString();
+std::string DriverFile(std::string_view connect) {
+  const SecretText source = ConnectPart(connect, "DSN");
+  std::string driver(ConnectPart(connect, "DRIVER").View());
   if (!source.IsEmpty()) driver = odbc::SourceEntry(source, "Driver");
   for (const char* key : {"Driver64", "Driver"}) {
     std::string file = odbc::DriverEntry(driver.c_str(), key);
@@ -78,81 +95,98 @@ std::string DriverFile(const CString& connect) {
   return driver;
 }
 
-// An option in the string, else that of the data source; 0 when neither has it.
-int Option(const CString& connect, const char* keyword) {
-  const CString given = ConnectPart(connect, keyword);
-  if (!given.IsEmpty()) return std::atoi(given);
-  return std::atoi(odbc::SourceEntry(ConnectPart(connect, "DSN"), keyword).c_str());
+// As the drivers read options: the number that the text begins with, 0 when it begins with none that fits.
+int LeadingNumber(std::string_view text) {
+  text = Trimmed(text);
+  int number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
 }
 
-bool IsGiven(const CString& connect, const char* keyword) {
+// An option in the string, else that of the data source; 0 when neither has it.
+int Option(std::string_view connect, const char* keyword) {
+  const SecretText given = ConnectPart(connect, keyword);
+  if (!given.IsEmpty()) return LeadingNumber(given.View());
+  return LeadingNumber(odbc::SourceEntry(ConnectPart(connect, "DSN"), keyword));
+}
+
+bool IsGiven(std::string_view connect, const char* keyword) {
   return !ConnectPart(connect, keyword).IsEmpty() ||
          !odbc::SourceEntry(ConnectPart(connect, "DSN"), keyword).empty();
 }
 
 // The acknowledgement of what was sent may take that long; while nothing is sent, the machine is asked for a
 // sign of life often enough.
-CString TcpLimits(DWORD seconds) {
+std::string TcpLimits(DWORD seconds) {
   constexpr DWORD kMilliseconds = 1000;
-  return CString(fmt::format("{}={{keepalives_idle={} keepalives_interval={} tcp_user_timeout={}}};",
-                             kPostgreSQLOptions, std::max(seconds / 2, DWORD{1}),
-                             std::max(seconds / 4, DWORD{1}), seconds * kMilliseconds));
+  return fmt::format("{}={{keepalives_idle={} keepalives_interval={} tcp_user_timeout={}}};",
+                     kPostgreSQLOptions, std::max(seconds / 2, DWORD{1}), std::max(seconds / 4, DWORD{1}),
+                     seconds * kMilliseconds);
+}
+
+// In front, where nothing that stands before it can swallow it: a password may hold a brace.
+SecretText WithOption(std::string_view option, std::string_view connect) {
+  SecretText text(option);
+  text += connect;
+  return text;
 }
 
 }  // namespace
 
-CString ConnectPart(const CString& connect, const char* keyword) {
-  for (const CString& part : Parts(connect)) {
-    if (Keyword(part).CompareNoCase(keyword) != 0) continue;
-    const int equals = part.Find('=');
-    return equals < 0 ? CString() : WithoutBraces(part.Mid(equals + 1));
+SecretText ConnectPart(std::string_view connect, const char* keyword) {
+  for (const std::string_view part : Parts(connect)) {
+    if (!HasKeyword(part, keyword)) continue;
+    const std::size_t equals = part.find('=');
+    return equals == std::string_view::npos ? SecretText() : WithoutBraces(part.substr(equals + 1));
   }
-  return CString();
+  return SecretText();
 }
 
-CString HarmlessParts(const CString& connect) {
-  CString shown;
-  for (const CString& part : Parts(connect)) {
-    const CString key = Keyword(part);
+CString HarmlessParts(std::string_view connect) {
+  std::string shown;
+  for (const std::string_view part : Parts(connect)) {
     const bool harmless = std::any_of(std::begin(kHarmlessKeys), std::end(kHarmlessKeys),
-                                      [&key](const char* known) { return key.CompareNoCase(known) == 0; });
+                                      [part](const char* known) { return HasKeyword(part, known); });
     if (!harmless) continue;
-    if (!shown.IsEmpty()) shown += ";";
+    if (!shown.empty()) shown += ';';
     shown += part;
   }
-  return shown;
+  return CString(std::move(shown));
 }
 
-CString WithoutIgnoredLogin(const CString& connect) {
-  if (DriverFile(connect).find(kSQLiteDriver) == std::string::npos) return connect;
-  CString kept;
-  for (const CString& part : Parts(connect)) {
-    const CString key = Keyword(part);
-    if (key.CompareNoCase("UID") != 0 && key.CompareNoCase("PWD") != 0) kept += part + ";";
+SecretText WithoutIgnoredLogin(std::string_view connect) {
+  if (DriverFile(connect).find(kSQLiteDriver) == std::string::npos) return SecretText(connect);
+  SecretText kept;
+  for (const std::string_view part : Parts(connect)) {
+    if (HasKeyword(part, "UID") || HasKeyword(part, "PWD")) continue;
+    kept += part;
+    kept += ";";
   }
   return kept;
 }
 
-// In front, where nothing that stands before it can swallow it: a password may hold a brace.
-CString WithLoginTimeout(const CString& connect, DWORD seconds) {
-  if (seconds == 0 || DriverFile(connect).find(kMariaDBDriver) == std::string::npos) return connect;
+SecretText WithLoginTimeout(std::string_view connect, DWORD seconds) {
+  if (seconds == 0 || DriverFile(connect).find(kMariaDBDriver) == std::string::npos)
+    return SecretText(connect);
   const int set = Option(connect, kMariaDBTimeout);
   const bool given = !ConnectPart(connect, kMariaDBTimeout).IsEmpty();
-  if (given || (set > 0 && static_cast<DWORD>(set) <= seconds)) return connect;
-  return CString(fmt::format("{}={};", kMariaDBTimeout, seconds)) + connect;
+  if (given || (set > 0 && static_cast<DWORD>(set) <= seconds)) return SecretText(connect);
+  return WithOption(fmt::format("{}={};", kMariaDBTimeout, seconds), connect);
 }
 
-CString WithSilenceLimit(const CString& connect, DWORD seconds) {
-  if (seconds == 0) return connect;
+SecretText WithSilenceLimit(std::string_view connect, DWORD seconds) {
+  if (seconds == 0) return SecretText(connect);
   const std::string driver = DriverFile(connect);
   if (driver.find(kMariaDBDriver) != std::string::npos && !IsGiven(connect, kMariaDBReadTimeout)) {
-    return CString(fmt::format("{}={};", kMariaDBReadTimeout, seconds)) + connect;
+    return WithOption(fmt::format("{}={};", kMariaDBReadTimeout, seconds), connect);
   }
   // The driver refuses to connect when the same limit is given in two ways.
   const bool decided = IsGiven(connect, kPostgreSQLOptions) || IsGiven(connect, "KeepaliveTime") ||
                        IsGiven(connect, "KeepaliveInterval");
-  if (driver.find(kPostgreSQLDriver) == std::string::npos || decided) return connect;
-  return TcpLimits(seconds) + connect;
+  if (driver.find(kPostgreSQLDriver) == std::string::npos || decided) return SecretText(connect);
+  return WithOption(TcpLimits(seconds), connect);
 }
 
-bool AsksForFoundRows(const CString& connect) { return (Option(connect, kMariaDBOptions) & kFoundRows) != 0; }
+bool AsksForFoundRows(std::string_view connect) {
+  return (Option(connect, kMariaDBOptions) & kFoundRows) != 0;
+}

@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 
 #include "platform/log.h"
+#include "platform/secret_text.h"
 
 namespace odbc {
 namespace {
@@ -149,11 +150,11 @@ RETCODE Connection::SetAccessReadOnly() {
 
 RETCODE Connection::Connect(const char* connection_string) {
   const KeptLocale locale;
-  SQLCHAR completed[kMessageSize] = {};
+  SecretBuffer<SQLCHAR> completed(kMessageSize);
   SQLSMALLINT length = 0;
   const RETCODE code =
       Call("SQLDriverConnect", SQLDriverConnect, m_connection, nullptr, Text(connection_string), SQL_NTS,
-           completed, static_cast<SQLSMALLINT>(sizeof completed), &length, SQL_DRIVER_NOPROMPT);
+           completed.data(), static_cast<SQLSMALLINT>(completed.size()), &length, SQL_DRIVER_NOPROMPT);
   m_connected = Succeeded(code);
   return code;
 }

@@ -27,19 +27,19 @@ TEST(ConnectionOptions, DependOnTheOwnerAndTheExclusiveFlag) {
 
 TEST(ConnectionString, HasTheGivenPartsOnly) {
   CDBConnection connection;
-  EXPECT_EQ(connection.ConnectString(), "");
+  EXPECT_STREQ(connection.ConnectString(), "");
   SetText(connection.m_Params.szDSN, "practice");
-  EXPECT_EQ(connection.ConnectString(), "DSN=practice");
+  EXPECT_STREQ(connection.ConnectString(), "DSN=practice");
   SetText(connection.m_Params.szUID, "user");
-  EXPECT_EQ(connection.ConnectString(), "DSN=practice;UID=user");
+  EXPECT_STREQ(connection.ConnectString(), "DSN=practice;UID=user");
   SetText(connection.m_Params.szPWD, "secret");
-  EXPECT_EQ(connection.ConnectString(), "DSN=practice;UID=user;PWD=secret");
+  EXPECT_STREQ(connection.ConnectString(), "DSN=practice;UID=user;PWD=secret");
   SetText(connection.m_Params.szUID, "");
-  EXPECT_EQ(connection.ConnectString(), "DSN=practice;PWD=secret");
+  EXPECT_STREQ(connection.ConnectString(), "DSN=practice;PWD=secret");
   SetText(connection.m_Params.szDSN, "");
   SetText(connection.m_Params.szUID, "user");
   SetText(connection.m_Params.szPWD, "");
-  EXPECT_EQ(connection.ConnectString(), ";UID=user");
+  EXPECT_STREQ(connection.ConnectString(), ";UID=user");
 }
 
 TEST(NewConnection, IsEmpty) {

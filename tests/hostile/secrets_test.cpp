@@ -9,6 +9,7 @@
 #include "tests/flat/text_fields.h"
 #include "tests/hostile/log_file.h"
 #include "tests/hostile/own_practice.h"
+#include "tests/support/own_memory.h"
 
 namespace hostile {
 namespace {
@@ -234,6 +235,19 @@ TEST_F(Secrets, ThePasswordIsForgottenWithTheConnection) {
   SetText(parameters.szPWD, kPassword);
   EXPECT_EQ(DB_InitDatabase(&parameters), 3);
   EXPECT_EQ(std::string(stored, sizeof stored), std::string(sizeof stored, '\0'));
+}
+
+// The drivers of servers, and the driver manager on the way to them, keep copies of their own.
+TEST_F(Secrets, TheStoredPasswordIsTheOnlyCopyThatTheLibraryKeeps) {
+  if (HasServer()) return;
+  tagDBCONNECT parameters = m_practice.Parameters();
+  support::WriteHidden(parameters.szPWD);
+  EXPECT_EQ(DB_InitDatabase(&parameters), 0);
+  explicit_bzero(&parameters, sizeof parameters);
+  const auto stored = reinterpret_cast<std::uintptr_t>(TheConnection().m_Params.szPWD);
+  EXPECT_EQ(support::FindHidden(), std::vector{stored});
+  EXPECT_EQ(DB_CloseDatabase(), 0);
+  EXPECT_EQ(support::FindHidden(), std::vector<std::uintptr_t>());
 }
 
 TEST_F(Secrets, TheStoredPasswordIsOnAPageThatNoCoreDumpHas) {

@@ -215,6 +215,13 @@ TEST_F(LoginTimeout, RowsFoundAreAskedForByTheStringOrTheDataSource) {
   EXPECT_FALSE(AsksForFoundRows(""));
 }
 
+TEST_F(LoginTimeout, AnOptionIsTheNumberThatItsTextBeginsWith) {
+  EXPECT_TRUE(AsksForFoundRows("DSN=lite;OPTION= 3 "));
+  EXPECT_TRUE(AsksForFoundRows("DSN=lite;OPTION=3rows"));
+  EXPECT_FALSE(AsksForFoundRows("DSN=lite;OPTION=rows3"));
+  EXPECT_FALSE(AsksForFoundRows("DSN=lite;OPTION=99999999999999999999"));
+}
+
 TEST(ConnectText, PartsAreFoundWithoutRegardToCaseBlanksAndBraces) {
   EXPECT_STREQ(ConnectPart("DSN=a;UID=b", "uid"), "b");
   EXPECT_STREQ(ConnectPart("DSN=a; Uid = b ;X=c", "UID"), "b");

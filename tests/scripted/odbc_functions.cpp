@@ -126,9 +126,10 @@ SQLRETURN SQL_API SQLGetConnectAttr(SQLHDBC handle, SQLINTEGER, SQLPOINTER value
   return code;
 }
 
-SQLRETURN SQL_API SQLDriverConnect(SQLHDBC handle, SQLHWND, SQLCHAR* in, SQLSMALLINT length, SQLCHAR*,
-                                   SQLSMALLINT, SQLSMALLINT*, SQLUSMALLINT completion) {
+SQLRETURN SQL_API SQLDriverConnect(SQLHDBC handle, SQLHWND, SQLCHAR* in, SQLSMALLINT length, SQLCHAR* out,
+                                   SQLSMALLINT size, SQLSMALLINT* needed, SQLUSMALLINT completion) {
   TheScript().connection_string = Given(in, length);
+  *needed = CopyText(TheScript().connection_string, out, size);
   TheScript().completion = completion;
   return TheScript().Begin("SQLDriverConnect", TheScript().Find(handle));
 }
