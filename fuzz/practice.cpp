@@ -104,7 +104,7 @@ int CanaryPractice::Added(const std::string& table) {
 
 int CanaryPractice::NewestKey(const std::string& table) {
   const std::string key = Text("SELECT MAX(rowid) FROM " + table);
-  return std::atoi(key.c_str() + key.find(':') + 1);
+  return std::stoi(key.substr(key.find(':') + 1));
 }
 
 bool CanaryPractice::CanariesLive() { return Canaries() == m_canaries; }

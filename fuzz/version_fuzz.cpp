@@ -29,12 +29,12 @@ Number Expected(std::string text) {
   }
   std::size_t at = 0;
   while (at < text.size() && !IsSeparator(text[at])) ++at;
-  const double whole = std::atof(text.substr(0, at).c_str());
+  const double whole = std::strtod(text.substr(0, at).c_str(), nullptr);
   if (at == text.size()) return {whole * factor, std::fabs(whole)};
   const std::string digits = text.substr(at + 1);
   double scale = 1.0;
   for (std::size_t i = 0; i < digits.size(); ++i) scale *= 10.0;
-  const double fraction = std::atof(digits.c_str()) / scale;
+  const double fraction = std::strtod(digits.c_str(), nullptr) / scale;
   return {whole + factor * fraction, std::fabs(whole) + std::fabs(fraction)};
 }
 

@@ -76,7 +76,7 @@ Answer Model::GetInt(const Call& call) {
   if (call.null_first) return {1, std::string(sizeof(int), kUntouched)};
   const std::string fallback = std::to_string(call.b);
   const std::string text = m_connected ? Setting(call.operands[0], call.operands[1], fallback) : fallback;
-  const int number = static_cast<int>(std::atol(Cut(text, kNumberBuffer - 1).c_str()));
+  const int number = static_cast<int>(std::strtol(Cut(text, kNumberBuffer - 1).c_str(), nullptr, 10));
   return {m_connected ? 0 : 3, std::string(reinterpret_cast<const char*>(&number), sizeof number)};
 }
 

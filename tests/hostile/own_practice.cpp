@@ -18,7 +18,7 @@ std::string KindName() {
 
 int Number(const char* name, int otherwise) {
   const char* value = std::getenv(name);
-  return value != nullptr ? std::max(1, std::atoi(value)) : otherwise;
+  return value != nullptr ? std::max(1, std::stoi(value)) : otherwise;
 }
 
 class ServerForAllTests : public testing::Environment {

@@ -45,7 +45,7 @@ bool OnPostgresql() { return KindName() == "postgresql"; }
 
 int Rounds() {
   const char* rounds = std::getenv("KYODBC_TEST_ROUNDS");
-  return rounds != nullptr ? std::max(1, std::atoi(rounds)) : 1;
+  return rounds != nullptr ? std::max(1, std::stoi(rounds)) : 1;
 }
 
 tagTPATIENT Patient(const std::string& name, const std::string& first_name) {

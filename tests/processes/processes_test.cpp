@@ -31,7 +31,7 @@ bool On(const char* kind) {
 
 int Rounds() {
   const char* rounds = std::getenv("KYODBC_TEST_ROUNDS");
-  return rounds != nullptr ? std::max(1, std::atoi(rounds)) : 1;
+  return rounds != nullptr ? std::max(1, std::stoi(rounds)) : 1;
 }
 
 // What a worker says it has done.

@@ -282,11 +282,11 @@ int main(int count, char** arguments) {
   }
   const std::string role = arguments[4];
   if (role == "two") {
-    ChangeTwo(std::atoi(arguments[5]), std::atoi(arguments[6]), arguments[7]);
+    ChangeTwo(std::stoi(arguments[5]), std::stoi(arguments[6]), arguments[7]);
   } else if (role == "writer") {
-    Writer(arguments[5], static_cast<unsigned>(std::atoi(arguments[6]))).Work(std::atoi(arguments[7]));
+    Writer(arguments[5], static_cast<unsigned>(std::stoi(arguments[6]))).Work(std::stoi(arguments[7]));
   } else {
-    Reader(static_cast<unsigned>(std::atoi(arguments[6]))).Work(std::atoi(arguments[7]));
+    Reader(static_cast<unsigned>(std::stoi(arguments[6]))).Work(std::stoi(arguments[7]));
   }
   Tell("done");
   return DB_CloseDatabase();

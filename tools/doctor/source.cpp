@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cstdlib>
+#include <charconv>
 #include <filesystem>
 #include <string_view>
 
@@ -24,24 +24,32 @@ std::string Lower(std::string text) {
   return text;
 }
 
+// As the drivers read options: the number that the text begins with, 0 when it begins with none that fits.
+int LeadingNumber(const std::string& text) {
+  const std::size_t begin = std::min(text.find_first_not_of(" \t"), text.size());
+  int number = 0;
+  std::from_chars(text.data() + begin, text.data() + text.size(), number);
+  return number;
+}
+
 bool IsOn(const std::string& value) {
   const std::string word = Lower(value);
-  return std::atoi(word.c_str()) != 0 || word == "yes" || word == "on" || word == "true" || word == "y";
+  return LeadingNumber(word) != 0 || word == "yes" || word == "on" || word == "true" || word == "y";
 }
 
 // Tests of an option's value; true when it is bad.
 bool On(const std::string& value) { return IsOn(value); }
 bool OnOrUnset(const std::string& value) { return value.empty() || IsOn(value); }
 bool Set(const std::string& value) { return !value.empty(); }
-bool BelowOneMillion(const std::string& value) { return std::atoi(value.c_str()) < 1000000; }
-bool BelowOneSecond(const std::string& value) { return !value.empty() && std::atoi(value.c_str()) < 1000; }
-bool NotPositive(const std::string& value) { return std::atoi(value.c_str()) <= 0; }
+bool BelowOneMillion(const std::string& value) { return LeadingNumber(value) < 1000000; }
+bool BelowOneSecond(const std::string& value) { return !value.empty() && LeadingNumber(value) < 1000; }
+bool NotPositive(const std::string& value) { return LeadingNumber(value) <= 0; }
 bool NotUtf8mb4(const std::string& value) { return Lower(value) != "utf8mb4"; }
 bool IsOff(const std::string& value) { return Lower(value) == "off" || value == "0"; }
 bool LosesJournal(const std::string& value) { return Lower(value) == "off" || Lower(value) == "memory"; }
-bool WithoutFoundRows(const std::string& value) { return (std::atoi(value.c_str()) & 2) == 0; }
-bool Reconnects(const std::string& value) { return (std::atoi(value.c_str()) & 0x400000) != 0; }
-bool ForwardOnly(const std::string& value) { return (std::atoi(value.c_str()) & 0x300000) != 0; }
+bool WithoutFoundRows(const std::string& value) { return (LeadingNumber(value) & 2) == 0; }
+bool Reconnects(const std::string& value) { return (LeadingNumber(value) & 0x400000) != 0; }
+bool ForwardOnly(const std::string& value) { return (LeadingNumber(value) & 0x300000) != 0; }
 
 // `effect` goes on behind the option and its value.
 struct BadOption {
