@@ -1,5 +1,7 @@
 #include "tests/faults/connection.h"
 
+#include "tests/support/records.h"
+
 namespace faults {
 namespace {
 
@@ -7,7 +9,10 @@ tagDBCONNECT the_parameters;
 
 }  // namespace
 
-void UseSource(const FaultSource& source) { the_parameters = source.Parameters(); }
+void UseSource(const FaultSource& source) {
+  the_parameters = source.Parameters();
+  if (the_parameters.szPWD[0] == '\0') support::SetText(the_parameters.szPWD, kNeedlessPassword);
+}
 
 WORD Connect() { return DB_InitDatabase(&the_parameters); }
 

@@ -7,8 +7,9 @@
 
 namespace faults {
 
-// Which data source Connect takes.
+// Which data source Connect takes. A database that asks for no password is given one all the same.
 void UseSource(const FaultSource& source);
+constexpr char kNeedlessPassword[] = "Pw7Needless";
 WORD Connect();
 
 }  // namespace faults
