@@ -177,9 +177,9 @@ def framed(title, navigation, body, root):
 
 
 def on_this_page(body):
-    """The page's chapters, when there are several."""
+    """The page's chapters, when there are several. A page with very many has a table of its own."""
     found = re.findall(r'<h2 id="([^"]+)">(.*?)</h2>', body)
-    if len(found) < 3:
+    if not 3 <= len(found) <= 16:
         return ""
     items = "".join(f'<li><a href="#{name}">{re.sub("<[^>]+>", "", title)}</a></li>' for name, title in found)
     return f'<nav class="chapters" aria-label="On this page"><ul>{items}</ul></nav>'

@@ -16,14 +16,22 @@ def escaped(line):
         return line
     parts = line.split("`")
     parts[::2] = [re.sub(r"([\\@<>&#%])", r"\\\1", part) for part in parts[::2]]
-    return "`".join(parts)
+    return linked("`".join(parts))
+
+
+def linked(line):
+    """Names of functions lead to them, but for families, which end in dots. "e.g." ends no sentence."""
+    line = re.sub(r"(?<!\w)(DB_\w+)(?!\w|\.\.)", r"#\1", line)
+    return line.replace("e.g. ", "e.g.&nbsp;")
 
 
 def as_code(paragraph):
     """Tables and examples are indented by hand; numbered lists are, too, but are none."""
     lines = paragraph.split("\n")
-    if re.match(r" *\d+\. ", lines[0]) or not all(line.startswith("  ") for line in lines):
+    if re.match(r" *\d+\. ", lines[0]):
         return re.sub(r"^ +(?=\d+\. )", "", "\n".join(escaped(line) for line in lines), flags=re.M)
+    if not all(line.startswith("  ") for line in lines):
+        return re.sub(r"^(\d+)\.", r"\1\\.", "\n".join(escaped(line) for line in lines), flags=re.M)
     return "\n".join(f"    {line.strip() if len(lines) == 1 else line[2:]}" for line in lines)
 
 

@@ -39,6 +39,7 @@ class SetUp(unittest.TestCase):
         self.environment = {**os.environ, **self.administrator(), "HOME": str(self.folder),
                             "ODBCINI": str(self.folder / "odbc.ini"),
                             "PATH": f"{BUILD}/tools:{os.environ['PATH']}"}
+        self.addCleanup(self.removed)
 
     def servers(self):
         return pathlib.Path(os.environ["KYODBC_TEST_SERVERS"])
@@ -77,14 +78,13 @@ class SetUp(unittest.TestCase):
 
     def removed(self):
         """Servers are as they were before."""
-        for account in (f"{self.name}_xray", f"{self.name}_reader"):
-            if DATABASE == "postgresql":
-                self.done(f"psql -q -d {self.name} -c 'DROP OWNED BY {account}' -c 'DROP ROLE {account}'")
+        xray, reader = f"{self.name}_xray", f"{self.name}_reader"
         if DATABASE == "postgresql":
-            self.done(f"psql -q -d postgres -c 'DROP DATABASE {self.name}'")
+            for what in (f"DATABASE IF EXISTS {self.name} WITH (FORCE)", f"ROLE IF EXISTS {xray}, {reader}"):
+                self.done(f"psql -q -d postgres -c 'DROP {what}'")
         if DATABASE == "mariadb":
-            self.done(f"mariadb -e \"DROP DATABASE {self.name}; DROP USER {self.name}_xray; "
-                      f"DROP USER {self.name}_reader@'192.168.1.%'\"")
+            for what in (f"DATABASE IF EXISTS {self.name}", f"USER IF EXISTS {xray}, {reader}@'192.168.1.%'"):
+                self.done(f'mariadb -e "DROP {what}"')
 
     def keep(self, block):
         """A data source, or the section of a driver, which belongs into a file of its own."""
@@ -104,7 +104,6 @@ class SetUp(unittest.TestCase):
         self.environment["KYODBC_PASSWORD"] = PASSWORD
         said = self.done(re.sub(r"--user xray", f"--user {self.name}_xray", check))
         self.assertTrue(said.endswith("All is well.\n"), said)
-        self.removed()
 
 
 if __name__ == "__main__":

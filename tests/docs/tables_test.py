@@ -62,6 +62,49 @@ class Tables(unittest.TestCase):
                 self.assertRegex(chapter, r"(?s)\*Usual causes\.\*.*\*What to do\.\*", chapter.split("\n")[0])
 
 
+class Limits(unittest.TestCase):
+    @staticmethod
+    def number(source, name):
+        return int(re.search(rf"\b{name} = (\d+);", (ROOT / source).read_text())[1])
+
+    @staticmethod
+    def width(record, field):
+        """The bytes of a text field, without the zero byte."""
+        return getattr(code_tables.RECORDS[record], field).size - 1
+
+    def setUp(self):
+        rows = re.findall(r"^\| ([^|]+?) \| ([^|]+?) \|$", page("limits.md"), re.M)
+        self.numbers = {what: [int(digits.replace(",", "")) for digits in re.findall(r"\d[\d,]*\b", limit)]
+                        for what, limit in rows}
+
+    def test_texts_are_as_wide_as_the_page_says(self):
+        source = self.width("tagDBCONNECT", "szDSN")
+        self.assertEqual(self.numbers["name of a data source"], [source, source - len("Exclusive")])
+        self.assertEqual(self.numbers["user; password; owner"],
+                         [self.width("tagDBCONNECT", field) for field in ("szUID", "szPWD", "szOwner")])
+        self.assertEqual(self.numbers["key of a setting; its value"],
+                         [self.width("tagTCONFIG", field) for field in ("szKey", "szSet")])
+        columns = [self.number("recset/column_ops.h", name) for name in ("kTextMaximum", "kLongTextMaximum")]
+        self.assertEqual(self.numbers["text in a column"], columns)
+
+    def test_words_hold_as_many_entries_as_the_page_says(self):
+        entries = self.number("recset/packed_word.h", "kSlots")
+        self.assertEqual((self.numbers["clauses of a filter"], self.numbers["fields of a sort order"]),
+                         ([entries], [entries]))
+        self.assertEqual(self.numbers["statements kept prepared"],
+                         [self.number("platform/kept_statements.cpp", "kMostIdle")])
+
+    def test_things_are_given_up_when_the_page_says(self):
+        running = self.number("platform/cdatabase.cpp", "kDefaultTimeout")
+        self.assertEqual(self.numbers["connecting to a server that does not answer"],
+                         [self.number("frame/connection.cpp", "kLoginTimeoutSeconds")])
+        self.assertEqual(self.numbers["a statement that runs"], [running])
+        self.assertEqual(self.numbers["a call to a server that has fallen silent"],
+                         [running + self.number("platform/cdatabase.cpp", "kTimeToAnswer")])
+        self.assertEqual(self.number("frame/keep_alive.cpp", "kAttempts"), 5)
+        self.assertIn("five attempts", page("limits.md"))
+
+
 class Reference(unittest.TestCase):
     """The headers as the generator of the reference reads them."""
 
