@@ -112,11 +112,16 @@ std::string MaskedMessage(std::string_view state, std::string_view message, int 
 
 namespace {
 
+// Two changes met, and the database took the other one: a deadlock, or another node of a cluster was first.
+bool IsConflict(std::string_view state) { return state == "40001" || state == "40P01"; }
+
 void LogRefusal(const CDBException& exception, WORD code) {
   const refusal::Origin origin = refusal::OriginOf(exception);
-  Error(fmt::format("code {}: {} ({})", code,
-                    MaskedMessage(origin.state.View(), exception.m_strError.View(), origin.native),
-                    exception.m_strStateNativeOrigin.View()));
+  Error(fmt::format(
+      "code {}: {} ({}){}", code,
+      MaskedMessage(origin.state.View(), exception.m_strError.View(), origin.native),
+      exception.m_strStateNativeOrigin.View(),
+      IsConflict(origin.state.View()) ? "; a conflict with another change, which may be tried again" : ""));
 }
 
 }  // namespace

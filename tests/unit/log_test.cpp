@@ -118,6 +118,19 @@ TEST_F(LogTest, ACaughtExceptionIsWrittenWithStateNativeCodeMessageAndCode) {
   }
 }
 
+TEST_F(LogTest, OnlyAConflictOfTwoChangesIsSaidToBeWorthAnotherTry) {
+  constexpr std::string_view kTryAgain = "a conflict with another change, which may be tried again";
+  Configure("error");
+  for (const char* state : {"40001", "40P01", "40003", "23000"}) {
+    const std::size_t before = Written().size();
+    klog::Caught(new CDBException(SQL_ERROR, "refused",
+                                  (std::string("State:") + state + ",Native:1,Origin:[x]\n").c_str()),
+                 6);
+    const bool told = Written().find(kTryAgain, before) != std::string::npos;
+    EXPECT_EQ(told, std::string_view(state) == "40001" || std::string_view(state) == "40P01") << state;
+  }
+}
+
 TEST_F(LogTest, ACaughtExceptionIsDeletedWhetherItIsWrittenOrNot) {
   auto* exception = new CDBException(SQL_ERROR, "message", "");
   EXPECT_EQ(klog::Caught(exception, 3), 3);  // the leak checker tells if it was not
