@@ -53,7 +53,7 @@ SQLRETURN PutCell(const scripted::Cell& cell, const Handle::Bound& bound, bool z
     *bound.indicator = sizeof number;
     return SQL_SUCCESS;
   }
-  *bound.indicator = static_cast<SQLLEN>(cell->size());
+  *bound.indicator = TheScript().lengths ? static_cast<SQLLEN>(cell->size()) : SQL_NO_TOTAL;
   return PutText(*cell, bound.buffer, bound.size, zero_byte);
 }
 
@@ -251,7 +251,7 @@ SQLRETURN SQL_API SQLDescribeCol(SQLHSTMT handle, SQLUSMALLINT column, SQLCHAR* 
   *type = described.type;
   *precision = described.size;
   *scale = 0;
-  *nullable = SQL_NULLABLE;
+  *nullable = described.nullable;
   return code;
 }
 
@@ -278,7 +278,7 @@ SQLRETURN SQL_API SQLExtendedFetch(SQLHSTMT handle, SQLUSMALLINT type, SQLLEN ro
   statement->given.clear();
   if (!statement->OnRow()) return SQL_NO_DATA;
   *fetched = 1;
-  *status = SQL_ROW_SUCCESS;
+  *status = TheScript().row_error ? SQL_ROW_ERROR : SQL_ROW_SUCCESS;
   const SQLRETURN filled = FillBound(statement);
   return code == SQL_SUCCESS ? filled : code;
 }

@@ -27,6 +27,7 @@ struct Column {
   std::string name;
   SQLSMALLINT type = SQL_INTEGER;
   SQLULEN size = 10;
+  SQLSMALLINT nullable = SQL_NULLABLE;
 };
 using Cell = std::optional<std::string>;
 
@@ -80,6 +81,8 @@ class Script {
   bool no_data_for_none = true;  // a change of no row answers SQL_NO_DATA
   bool views = false;            // the catalogue knows the name as a view
   bool zero_bytes = true;        // bound texts end with one
+  bool lengths = true;           // the driver tells how long a bound text is
+  bool row_error = false;        // every row that is fetched has the status of an error
   SQLULEN row_number = 0;        // told when not 0 ...
   bool true_row_number = false;  // ... unless the right one is told
 
