@@ -1,7 +1,5 @@
 #include "platform/crecordset.h"
 
-#include <cstdlib>
-
 #include "platform/buffered_rows.h"
 #include "platform/dialect.h"
 #include "platform/kept_statements.h"
@@ -64,7 +62,13 @@ CRecordset::CRecordset(CDatabase* database)
       m_bDeleted(FALSE),
       m_lKeyLoaded(0) {}
 
-CRecordset::~CRecordset() { CRecordset::Close(); }
+// A short-lived set leaves what is known of its fields to the next one over the same tables.
+CRecordset::~CRecordset() {
+  KeptStatements* const statements =
+      m_rows != nullptr && m_holding == fewRows ? &m_pOpenDatabase->Statements() : nullptr;
+  CRecordset::Close();
+  if (statements != nullptr) statements->GiveBackFields(std::move(m_fields));
+}
 
 const CRuntimeClass* CRecordset::GetRuntimeClass() const { return &classCRecordset; }
 void CRecordset::Serialize(CArchive& /*archive*/) {}
@@ -95,12 +99,10 @@ void CRecordset::ThrowDBException(RETCODE code, HSTMT statement) {
                       statement == SQL_NULL_HSTMT && m_rows != nullptr ? m_rows->Handle() : statement);
 }
 
-const CString& CRecordset::GetSQL() const { return m_query->sql; }
+const CString& CRecordset::GetSQL() const { return m_query->Whole(); }
 
-// To find out whether a fault has to do with the ways of holding rows, all sets can be made to do without.
 void CRecordset::HoldRows(Holding holding, const CString& join) {
-  static const bool plainly = std::getenv("KYODBC_PLAIN_STATEMENTS") != nullptr;
-  if (plainly) return;
+  if (WorksPlainly()) return;
   m_holding = holding;
   m_strJoin = join;
 }
@@ -132,17 +134,16 @@ void CRecordset::BuildQuery() {
   if (IsCall(m_strSource)) {
     query.sql = m_pOpenDatabase->AdaptSQL(m_strSource);
   } else {
-    query.select =
-        IsSelect(m_strSource) ? m_strSource : "SELECT " + m_fields->SelectList() + kFrom + m_strSource;
+    const bool whole = IsSelect(m_strSource);
+    query.select = whole ? m_strSource : m_fields->Select();
     // A SELECT given whole may have its condition in it.
-    const int where = IsSelect(m_strSource) ? query.select.Find(kWhere) : -1;
+    const int where = whole ? query.select.Find(kWhere) : -1;
     if (where >= 0) {
       query.condition = PadYears(query.select.Mid(where));
       query.select = query.select.Left(where);
     }
     if (!m_strFilter.IsEmpty()) query.condition += PadYears(kWhere + m_strFilter);
     if (!m_strSort.IsEmpty()) query.order = kOrderBy + m_strSort;
-    query.sql = query.select + query.condition + query.order;
   }
   if (const Field* key = m_fields->Find(m_pRowKey)) query.key = key->name;
   query.tables = m_strSource;
@@ -178,8 +179,12 @@ BOOL CRecordset::Open(UINT open_type, const char* sql, DWORD options) {
   m_dwOptions = options;
   TakeSource(sql != nullptr ? CString(sql) : GetDefaultSQL());
   CFieldExchange describe(CFieldExchange::kDescribe, this);
-  m_fields->Clear();
+  if (m_holding == fewRows && !IsSelect(m_strSource)) {
+    if (auto fields = m_pDatabase->Statements().TakeFields(m_strSource)) m_fields = std::move(fields);
+  }
+  m_fields->BeginAdding(m_strSource);
   DoFieldExchange(&describe);
+  m_fields->EndAdding();
   if (m_fields->Count() == 0 && !IsSelect(m_strSource) && !IsCall(m_strSource)) {
     ThrowDBException(AFX_SQL_ERROR_EMPTY_COLUMN_LIST);
   }
@@ -222,7 +227,7 @@ void CRecordset::Execute() {
 
 void CRecordset::RunQuery() {
   // Of a set that is opened to add a row, the database need not be asked which rows it has.
-  if (m_holding != wholeRows && m_strFilter == kNoRows && !m_query->select.IsEmpty() &&
+  if (m_strFilter == kNoRows && m_holding != wholeRows && !m_query->select.IsEmpty() &&
       m_pOpenDatabase->Statements().FindShape(m_query->select) != nullptr) {
     m_rows->ExecuteNothing();
     return;
@@ -236,19 +241,17 @@ void CRecordset::RunQuery() {
 void CRecordset::DescribeColumns() {
   const bool known_to_others = m_holding != wholeRows && !m_query->select.IsEmpty();
   KeptStatements& statements = m_pOpenDatabase->Statements();
-  const ColumnShape* shape = known_to_others ? statements.FindShape(m_query->select) : nullptr;
-  if (shape != nullptr) {
-    m_nResultCols = shape->columns;
-    for (std::size_t i = 0; i < m_fields->Count(); ++i) m_fields->At(i).column = shape->fields[i];
+  if (!known_to_others) {
+    DescribeResult();
+  } else if (const SWORD columns = m_fields->Described(statements.State()); columns >= 0) {
+    m_nResultCols = columns;
+  } else if (const ColumnShape* shape = statements.FindShape(m_query->select)) {
+    m_nResultCols = m_fields->TakeShape(*shape, statements.State());
   } else {
     DescribeResult();
-    if (known_to_others) {
-      ColumnShape found{m_nResultCols, {}};
-      for (const Field& field : m_fields->All()) found.fields.push_back(field.column);
-      statements.KeepShape(m_query->select, std::move(found));
-    }
+    statements.KeepShape(m_query->select, m_fields->Shape(m_nResultCols, statements.State()));
   }
-  const RETCODE code = m_fields->Bind(*m_rows);
+  const RETCODE code = m_fields->Bind(*m_rows, m_holding != fewRows);
   if (!odbc::Succeeded(code)) ThrowDBException(code);
   if (m_fields->AllAreBuffered(m_nResultCols)) m_rows->EveryColumnIsBound();
 }

@@ -165,7 +165,7 @@ SQLLEN CRecordset::RunChange(const CString& sql, std::vector<odbc::Parameter>& p
     KeptStatements& statements = m_pOpenDatabase->Statements();
     const MarkedSQL marked = {sql, std::move(parameters)};
     std::unique_ptr<KeptStatement> kept = statements.Take(marked, KeptStatements::Cursor::kNone);
-    const RETCODE code = statements.Run(marked, KeptStatements::Cursor::kNone, &kept);
+    const RETCODE code = statements.Run(marked, &kept);
     const SQLLEN changed = CountChanged(code, kept->statement);
     statements.GiveBack(std::move(kept));
     return changed;

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "platform/crecordset.h"
+#include "platform/field_access.h"
 #include "platform/row_fields.h"
 #include "platform/row_source.h"
 
@@ -17,6 +18,15 @@ LONG CRecordset::FindKey(LONG key) const {
 }
 
 bool CRecordset::IsGone(LONG position) const { return m_rows != nullptr && m_rows->HasPlace(position); }
+
+bool FieldAccess::IsOnOnlyRow(CRecordset& set) {
+  if (set.m_bBOF || set.m_bEOF || set.m_lCurrentRecord != 0) return false;
+  const bool only = set.m_rows->Fetch(SQL_FETCH_NEXT, 1) == SQL_NO_DATA;
+  set.m_columnsRead.clear();
+  if (set.m_rows->Fetch(SQL_FETCH_FIRST, 1) != SQL_SUCCESS || !only) return false;
+  set.m_bEOFSeen = TRUE;
+  return true;
+}
 
 void CRecordset::Fixups() {
   if (m_rows == nullptr) return;

@@ -21,6 +21,13 @@ int IndexOrMiss(std::size_t position) {
 char Upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
+CString Joined(std::string_view left, std::string_view right) {
+  std::string joined;
+  joined.reserve(left.size() + right.size());
+  joined.append(left).append(right);
+  return CString(std::move(joined));
+}
+
 }  // namespace
 
 CString::CString(const char* text) : m_text(OrEmpty(text)) {}
@@ -210,19 +217,23 @@ CString CString::FormatText(const char* format, ...) {
   va_list again;
   va_start(arguments, format);
   va_copy(again, arguments);
-  const int length = std::vsnprintf(nullptr, 0, OrEmpty(format), arguments);
-  std::string result(AtLeastZero(length), '\0');
-  if (length > 0) std::vsnprintf(result.data(), result.size() + 1, format, again);
+  char small[128];  // enough for most
+  const int length = std::vsnprintf(small, sizeof small, OrEmpty(format), arguments);
+  std::string result(small, std::min(AtLeastZero(length), sizeof small - 1));
+  if (AtLeastZero(length) > result.size()) {
+    result.resize(AtLeastZero(length));
+    std::vsnprintf(result.data(), result.size() + 1, format, again);
+  }
   va_end(again);
   va_end(arguments);
   return CString(std::move(result));
 }
 
-CString operator+(const CString& left, const CString& right) { return CString(left) += right; }
-CString operator+(const CString& left, const char* right) { return CString(left) += right; }
-CString operator+(const char* left, const CString& right) { return CString(left) += right; }
-CString operator+(const CString& left, char right) { return CString(left) += right; }
-CString operator+(char left, const CString& right) { return CString(left) += right; }
+CString operator+(const CString& left, const CString& right) { return Joined(left.View(), right.View()); }
+CString operator+(const CString& left, const char* right) { return Joined(left.View(), OrEmpty(right)); }
+CString operator+(const char* left, const CString& right) { return Joined(OrEmpty(left), right.View()); }
+CString operator+(const CString& left, char right) { return Joined(left.View(), {&right, 1}); }
+CString operator+(char left, const CString& right) { return Joined({&left, 1}, right.View()); }
 
 bool operator==(const CString& left, const CString& right) { return left.View() == right.View(); }
 bool operator==(const CString& left, const char* right) { return left.View() == OrEmpty(right); }

@@ -16,8 +16,13 @@ constexpr const char* kMariaDB = "MariaDB";
 constexpr const char* kNotEvenSql = "42601";
 constexpr const char* kMySQL = "MySQL";  // how one driver introduces the same kind of server
 
-bool BeginsWith(const CString& sql, const char* word) {
-  return sql.Left(CString(word).GetLength()).CompareNoCase(word) == 0;
+// `word` in upper case.
+bool BeginsWith(std::string_view sql, std::string_view word) {
+  const auto same = [](char c, char upper) {
+    return c == upper || (c >= 'a' && c <= 'z' && c - 'a' + 'A' == upper);
+  };
+  return sql.size() >= word.size() && std::equal(word.begin(), word.end(), sql.begin(),
+                                                 [&](char upper, char c) { return same(c, upper); });
 }
 
 bool IsMariaDB(const DriverFacts& facts) { return facts.dbms == kMariaDB || facts.dbms == kMySQL; }
@@ -102,10 +107,11 @@ std::string Describe(const DriverFacts& facts) {
 bool IsSelect(const CString& sql) {
   constexpr int kWordLength = 6;
   const char next = sql.GetAt(kWordLength);
-  return BeginsWith(sql, "SELECT") && std::isalnum(static_cast<unsigned char>(next)) == 0 && next != '_';
+  return BeginsWith(sql.View(), "SELECT") && std::isalnum(static_cast<unsigned char>(next)) == 0 &&
+         next != '_';
 }
 
-bool IsCall(const CString& sql) { return BeginsWith(sql, "{CALL"); }
+bool IsCall(const CString& sql) { return BeginsWith(sql.View(), "{CALL"); }
 
 CString AdaptCall(const CString& sql, const DriverFacts& facts) {
   if (!IsCall(sql)) return sql;
@@ -117,6 +123,7 @@ CString AdaptCall(const CString& sql, const DriverFacts& facts) {
 }
 
 CString PadYears(const CString& sql) {
+  if (sql.Find('{') < 0) return sql;
   std::string padded(sql.View());
   bool in_text = false;
   for (std::size_t i = 0; i < padded.size(); ++i) {

@@ -1,12 +1,17 @@
-// The way of the RFX functions into the record set that they exchange for.
+// Ways into a record set that are no business of callers' sets.
 #ifndef KYODBC_PLATFORM_FIELD_ACCESS_H
 #define KYODBC_PLATFORM_FIELD_ACCESS_H
 
 class CFieldExchange;
+class CRecordset;
 struct FieldRef;
 
 struct FieldAccess {
+  // For the RFX functions.
   static void Exchange(CFieldExchange* exchange, const FieldRef& ref);
+  // Whether the first row, which an open or a requery has just made current, is the only one. Position and
+  // members stay. Also false when the database does not tell.
+  static bool IsOnOnlyRow(CRecordset& set);
 };
 
 #endif

@@ -13,15 +13,30 @@
 #include "platform/literals.h"
 #include "platform/odbc.h"
 
+class RowFields;
 struct RowBuffer;
 
-// One statement, prepared for one text.
+// One statement, made for one text.
 struct KeptStatement {
   explicit KeptStatement(odbc::Connection& connection) : statement(connection) {}
 
+  CString Sql() const { return CString(text.substr(0, sql_length)); }
+
   odbc::Statement statement;
-  std::string text;  // with the types of its values; empty: nothing is prepared
+  bool is_static = false;      // with a cursor that can be positioned
+  bool prepared = false;       // and has run
+  std::string text;            // the statement, the kind of its cursor, the types of its values
+  std::size_t sql_length = 0;  // of the statement alone
   std::vector<odbc::Parameter> values;
+  // What the driver knows of the values; they are bound again when one of these has changed.
+  struct Bound {
+    const void* value = nullptr;
+    SQLULEN size = 0;
+    std::size_t length = 0;
+    SWORD digits = 0;
+    bool operator==(const Bound&) const = default;
+  };
+  std::vector<Bound> bound;
   std::shared_ptr<RowBuffer> row;  // what its columns stay bound to; null: they are bound for one use only
 };
 
@@ -31,21 +46,28 @@ struct ColumnShape {
   std::vector<CODBCFieldInfo> fields;
 };
 
+// To find out whether a fault has to do with kept statements and the ways of holding rows, all sets can be
+// made to do without: KYODBC_PLAIN_STATEMENTS.
+bool WorksPlainly();
+
 class KeptStatements {
  public:
   enum class Cursor { kNone, kStatic };
 
   KeptStatements(odbc::Connection& connection, DWORD query_timeout);
+  ~KeptStatements();
 
   // A statement for `query`: one that was prepared for it before, or a fresh one.
   std::unique_ptr<KeptStatement> Take(const MarkedSQL& query, Cursor cursor);
   // Ends the statement's result and keeps it for the next caller; the one unused longest makes room. Takes no
   // memory: sets give back when they end, also for want of it.
   void GiveBack(std::unique_ptr<KeptStatement> kept);
-  // Runs `query` on *kept, which Take gave for it. A statement prepared earlier that the database does not
-  // take any more, since a table was changed or the session cleared, is prepared anew, once: it has done
-  // nothing.
-  RETCODE Run(const MarkedSQL& query, Cursor cursor, std::unique_ptr<KeptStatement>* kept);
+  // Runs *kept, which Take gave for a query like this one, with its values. A statement prepared earlier that
+  // the database does not take any more, since a table was changed or the session cleared, is prepared anew,
+  // once: it has done nothing.
+  RETCODE Run(const MarkedSQL& query, std::unique_ptr<KeptStatement>* kept);
+  // The same once more with the values that are in *kept now.
+  RETCODE RunAgain(std::unique_ptr<KeptStatement>* kept);
 
   // Statements made from now on end after this time; those kept are dropped.
   void SetQueryTimeout(DWORD seconds);
@@ -55,17 +77,26 @@ class KeptStatements {
   void KeepShape(const CString& select, ColumnShape shape) {
     m_shapes[std::string(select.View())] = std::move(shape);
   }
-  void ForgetShape(const CString& select) { m_shapes.erase(std::string(select.View())); }
+  // Another number whenever what is known of columns may have become wrong, and for each connection.
+  unsigned State() const { return m_state; }
+
+  // The fields of a set over these tables that has ended, with all that is known of them; null for none.
+  std::unique_ptr<RowFields> TakeFields(const CString& tables);
+  // For the next set over the same tables. Takes no memory.
+  void GiveBackFields(std::unique_ptr<RowFields> fields);
 
  private:
-  std::unique_ptr<KeptStatement> MakeFresh(Cursor cursor);
-  RETCODE RunOnce(const MarkedSQL& query, bool direct, KeptStatement* kept);
+  std::unique_ptr<KeptStatement> MakeFresh(bool is_static);
+  RETCODE RunOnce(KeptStatement* kept, bool direct);
+  void NoteStale();
 
   odbc::Connection& m_connection;
   DWORD m_query_timeout;
-  std::vector<std::unique_ptr<KeptStatement>> m_idle;  // used last in front; never grows in memory
+  std::vector<std::unique_ptr<KeptStatement>> m_idle;  // used last at the end; never grows in memory
   std::unordered_set<std::string> m_known;             // changes that have run
   std::map<std::string, ColumnShape, std::less<>> m_shapes;
+  unsigned m_state;
+  std::vector<std::unique_ptr<RowFields>> m_fields;  // as m_idle
 };
 
 #endif

@@ -10,26 +10,11 @@ namespace {
 using Cursor = KeptStatements::Cursor;
 
 constexpr SQLULEN kKeysAtOnce = 1024;
-constexpr SQLLEN kFirstPage = 64;  // more than a window shows
-constexpr SQLLEN kLargestPage = 1024;
-constexpr std::chrono::milliseconds kPageLife{250};
-
-odbc::Parameter KeyValue(LONG key) {
-  odbc::Parameter value;
-  value.c_type = SQL_C_SLONG;
-  value.sql_type = SQL_INTEGER;
-  value.number = key;
-  value.indicator = 0;
-  return value;
-}
 
 }  // namespace
 
 KeyedRows::KeyedRows(CDatabase& database, std::size_t key_column)
-    : StaticCursor(database.Statements()),
-      m_database(database),
-      m_key_column(key_column),
-      m_ahead(kFirstPage) {}
+    : StaticCursor(database.Statements()), m_database(database), m_key_column(key_column) {}
 
 KeyedRows::~KeyedRows() { m_database.Statements().GiveBack(std::move(m_row)); }
 
@@ -39,11 +24,9 @@ void KeyedRows::Forget() {
   m_keys.clear();
   m_bound.clear();
   m_page.reset();
-  m_page_given.clear();
+  m_ahead.Forget();
   m_unique = true;
   m_pages_allowed = m_row_bound = m_row_holds = false;
-  m_visited = m_direction = m_walked = 0;
-  m_ahead = kFirstPage;
 }
 
 RETCODE KeyedRows::Execute(const RowQuery& query) {
@@ -61,15 +44,15 @@ void KeyedRows::ExecuteNothing() {
 
 // All at once, so that the driver's copy of them can go.
 RETCODE KeyedRows::ReadKeys() {
-  MarkedSQL marked =
-      TakeOutLiterals(("SELECT " + m_query.key + " FROM " + m_query.tables).View(), m_query.condition.View());
   // Without an order a query of the keys alone may come in that of any index; one of all columns would not.
-  marked.sql += m_query.order.IsEmpty() ? " ORDER BY " + m_query.key : m_query.order;
+  const CString order = m_query.order.IsEmpty() ? " ORDER BY " + m_query.key : m_query.order;
+  const MarkedSQL marked = TakeOutLiterals(("SELECT " + m_query.key + " FROM " + m_query.tables).View(),
+                                           m_query.condition.View(), order.View());
   KeptStatements& statements = m_database.Statements();
   std::unique_ptr<KeptStatement>& kept = Kept();
   statements.GiveBack(std::move(kept));
   kept = statements.Take(marked, Cursor::kNone);
-  RETCODE code = statements.Run(marked, Cursor::kNone, &kept);
+  RETCODE code = statements.Run(marked, &kept);
   m_handle = kept->statement.Handle();
   std::array<LONG, kKeysAtOnce> keys = {};
   std::array<SQLLEN, kKeysAtOnce> indicators = {};
@@ -137,16 +120,16 @@ CString KeyedRows::RowCondition() const {
 
 RETCODE KeyedRows::ReadRow(LONG key) {
   KeptStatements& statements = m_database.Statements();
-  const MarkedSQL marked = {m_query.select + RowCondition() + "=?", {KeyValue(key)}};
   m_row_holds = false;
   if (m_row == nullptr) {
-    m_row = statements.Take(marked, Cursor::kNone);
+    m_row = statements.Take({m_query.select + RowCondition() + "=?", {NumberValue(key)}}, Cursor::kNone);
     m_row_bound = false;
   } else {
     m_row->statement.CloseCursor();
   }
   const KeptStatement* before = m_row.get();
-  RETCODE code = statements.Run(marked, Cursor::kNone, &m_row);
+  m_row->values.front().number = key;
+  RETCODE code = statements.RunAgain(&m_row);
   m_row_bound = m_row_bound && m_row.get() == before;
   m_handle = m_row->statement.Handle();
   if (!odbc::Succeeded(code)) return code;
@@ -164,75 +147,45 @@ RETCODE KeyedRows::ReadRow(LONG key) {
   return code;
 }
 
-RETCODE KeyedRows::ReadPage(SQLLEN first, SQLLEN rows) {
+RETCODE KeyedRows::ReadPage(const ReadAhead::Range& range) {
   if (m_page == nullptr) {
     m_page =
         std::make_unique<RowPage>(*m_database.Connection(), m_database.QueryTimeout(), m_bound, m_key_column);
   }
   std::string keys;
-  for (SQLLEN row = first; row < first + rows; ++row) {
+  for (SQLLEN row = range.first; row < range.first + range.rows; ++row) {
     if (!keys.empty()) keys += ',';
     keys += std::to_string(KeyAt(row));
   }
   const CString sql = m_query.select + RowCondition() + " IN (" + CString(std::move(keys)) + ")";
-  m_page_given.clear();
+  m_ahead.BeginPage();
   m_handle = m_page->Statement().Handle();
-  m_page_time = Clock::now();
-  m_page_changes = m_database.ChangeCount();
-  const RETCODE code = m_page->Read(sql, static_cast<std::size_t>(rows));
-  if (!odbc::Succeeded(code)) return code;
-  m_page_first = first;
-  m_page_given.resize(static_cast<std::size_t>(rows));
-  return SQL_SUCCESS;
+  const ReadAhead::Moment then = Now();
+  const RETCODE code = m_page->Read(sql, static_cast<std::size_t>(range.rows));
+  if (odbc::Succeeded(code)) m_ahead.HavePage(range, then);
+  return code;
 }
 
-bool KeyedRows::IsReadAhead(SQLLEN row) const {
-  const SQLLEN place = row - m_page_first;
-  return place >= 0 && place < static_cast<SQLLEN>(m_page_given.size()) &&
-         !m_page_given[static_cast<std::size_t>(place)] && m_page_changes == m_database.ChangeCount() &&
-         Clock::now() - m_page_time < kPageLife;
-}
+ReadAhead::Moment KeyedRows::Now() const { return {ReadAhead::Clock::now(), m_database.ChangeCount()}; }
 
 RETCODE KeyedRows::GiveFromPage(SQLLEN row) {
-  m_page_given[static_cast<std::size_t>(row - m_page_first)] = true;
+  m_ahead.Give(row);
   m_row_holds = false;
   return m_page->Give(KeyAt(row)) ? SQL_SUCCESS : SQL_NO_DATA;
 }
 
-// One row for a jump, a page for a walk, larger pages the farther it goes. A jump counts as the begin of a
-// walk when the jump before was one: a window that scrolls.
-SQLLEN KeyedRows::RowsToRead(SQLLEN row) {
-  const SQLLEN step = row - m_visited;
-  const bool walks = m_visited != 0 && (step == 1 || step == -1);
-  const bool turned = walks && m_direction == -step;
-  if (walks && !turned) {
-    m_direction = step;
-    ++m_walked;
-    return IsReadAhead(row) ? 0 : m_ahead;
-  }
-  const bool window = !turned && m_direction >= 0 && m_walked > 1;
-  m_direction = walks ? step : 0;
-  m_walked = 0;
-  m_ahead = kFirstPage;
-  return window ? m_ahead : 1;
-}
-
 RETCODE KeyedRows::FetchRow(SQLLEN row) {
   if (row < 1 || row > Count()) return SQL_NO_DATA;
-  if (row == m_visited || !m_pages_allowed) {
-    m_visited = row;
+  if (row == m_ahead.Visited() || !m_pages_allowed) {
+    m_ahead.VisitAlone(row);
     return ReadRow(KeyAt(row));
   }
-  const SQLLEN wanted = RowsToRead(row);
-  m_visited = row;
-  if (wanted == 0) return GiveFromPage(row);
-  if (wanted == 1) return ReadRow(KeyAt(row));
-  const bool back = m_direction < 0;
-  const SQLLEN first = back ? std::max<SQLLEN>(1, row - wanted + 1) : row;
-  const SQLLEN last = back ? row : std::min(Count(), row + wanted - 1);
-  const RETCODE code = ReadPage(first, last - first + 1);
-  if (!odbc::Succeeded(code)) return code;
-  if (m_direction != 0) m_ahead = std::min(2 * m_ahead, kLargestPage);
+  const ReadAhead::Range range = m_ahead.Visit(row, Count(), Now());
+  if (range.rows == 1) return ReadRow(KeyAt(row));
+  if (range.rows > 1) {
+    const RETCODE code = ReadPage(range);
+    if (!odbc::Succeeded(code)) return code;
+  }
   return GiveFromPage(row);
 }
 

@@ -5,11 +5,11 @@
 #ifndef KYODBC_PLATFORM_KEYED_ROWS_H
 #define KYODBC_PLATFORM_KEYED_ROWS_H
 
-#include <chrono>
 #include <memory>
 #include <vector>
 
 #include "platform/cdatabase.h"
+#include "platform/read_ahead.h"
 #include "platform/row_page.h"
 #include "platform/static_cursor.h"
 
@@ -42,17 +42,14 @@ class KeyedRows : public StaticCursor {
   bool IsGone(SQLLEN row) const override { return row >= 1 && row <= Count(); }
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   SQLLEN Count() const { return static_cast<SQLLEN>(m_keys.size()); }
   LONG KeyAt(SQLLEN row) const { return m_keys[static_cast<std::size_t>(row - 1)]; }
   void Forget();
   RETCODE ReadKeys();
   bool KeysAreUnique() const;
-  SQLLEN RowsToRead(SQLLEN row);
-  bool IsReadAhead(SQLLEN row) const;
+  ReadAhead::Moment Now() const;
   RETCODE ReadRow(LONG key);
-  RETCODE ReadPage(SQLLEN first, SQLLEN rows);
+  RETCODE ReadPage(const ReadAhead::Range& range);
   RETCODE GiveFromPage(SQLLEN row);
   CString RowCondition() const;
 
@@ -71,15 +68,7 @@ class KeyedRows : public StaticCursor {
   bool m_row_holds = false;  // its result is the row with m_row_key
 
   std::unique_ptr<RowPage> m_page;
-  SQLLEN m_page_first = 0;
-  std::vector<bool> m_page_given;  // a row is handed out once; a second visit reads it again
-  Clock::time_point m_page_time;
-  unsigned m_page_changes = 0;
-
-  SQLLEN m_visited = 0;    // the row visited last
-  SQLLEN m_direction = 0;  // of the walk, 0 after a jump
-  SQLLEN m_walked = 0;     // rows since the last jump
-  SQLLEN m_ahead;          // rows to read when the walk needs more
+  ReadAhead m_ahead;
 };
 
 #endif

@@ -12,12 +12,12 @@ namespace {
 constexpr std::size_t kLongestText = 1024;  // bytes; far from where drivers take a text for a long one
 constexpr std::size_t kDateLength = 10;
 
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 bool IsWordCharacter(char c) {
-  return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '$' ||
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || IsDigit(c) || c == '_' || c == '$' ||
          static_cast<unsigned char>(c) >= 0x80;
 }
-
-bool IsDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
 
 bool SameWord(std::string_view word, std::string_view upper) {
   if (word.size() != upper.size()) return false;
@@ -79,15 +79,6 @@ odbc::Parameter TextValue(std::string text) {
   return value;
 }
 
-odbc::Parameter NumberValue(LONG number) {
-  odbc::Parameter value;
-  value.c_type = SQL_C_SLONG;
-  value.sql_type = SQL_INTEGER;
-  value.number = number;
-  value.indicator = 0;
-  return value;
-}
-
 // True when `text` is "yyyy-mm-dd", or with hours, minutes and seconds, of a day and a time that exist.
 bool IsPlainTime(const std::string& text, bool date_only) {
   constexpr std::string_view kShape = "0000-00-00 00:00:00";
@@ -110,16 +101,16 @@ bool IsPlainTime(const std::string& text, bool date_only) {
 
 class Marker {
  public:
-  Marker(std::string_view head, std::string_view condition) : m_rest(condition), m_sql(head) {}
+  Marker(std::string_view head, std::string_view condition, std::size_t more) : m_rest(condition) {
+    m_sql.reserve(head.size() + condition.size() + more);
+    m_sql = head;
+  }
 
   // False when the condition holds what this reader does not understand.
   bool Run() {
     while (!m_rest.AtEnd()) {
       const char next = m_rest.Next();
-      if (next == '?' || next == '"' || next == '`' || next == '[' || m_rest.StartsWith("--") ||
-          m_rest.StartsWith("/*") || m_rest.StartsWith("#")) {
-        return false;
-      }
+      if (IsForeign(next)) return false;
       if (next == '\'') {
         TakeText();
       } else if (next == '{') {
@@ -142,9 +133,17 @@ class Marker {
     return true;
   }
 
-  MarkedSQL Result() { return {CString(m_sql), std::move(m_values)}; }
+  MarkedSQL Result(std::string_view tail) {
+    m_sql += tail;
+    return {CString(std::move(m_sql)), std::move(m_values)};
+  }
 
  private:
+  // Marks, quoted names and comments.
+  bool IsForeign(char next) const {
+    if (next == '?' || next == '"' || next == '`' || next == '[' || next == '#') return true;
+    return (next == '-' && m_rest.StartsWith("--")) || (next == '/' && m_rest.StartsWith("/*"));
+  }
   void Mark(odbc::Parameter value) {
     m_sql += '?';
     m_values.push_back(std::move(value));
@@ -198,8 +197,17 @@ class Marker {
 
 }  // namespace
 
-MarkedSQL TakeOutLiterals(std::string_view head, std::string_view condition) {
-  Marker marker(head, condition);
-  if (marker.Run()) return marker.Result();
-  return {CString(std::string(head) + std::string(condition)), {}};
+odbc::Parameter NumberValue(LONG number) {
+  odbc::Parameter value;
+  value.c_type = SQL_C_SLONG;
+  value.sql_type = SQL_INTEGER;
+  value.number = number;
+  value.indicator = 0;
+  return value;
+}
+
+MarkedSQL TakeOutLiterals(std::string_view head, std::string_view condition, std::string_view tail) {
+  Marker marker(head, condition, tail.size());
+  if (marker.Run()) return marker.Result(tail);
+  return {CString(std::string(head).append(condition).append(tail)), {}};
 }

@@ -252,6 +252,7 @@ void Statement::AskForQueryTimeout(DWORD seconds) {
 }
 
 RETCODE Statement::Logged(const CString& sql, RETCODE (Statement::*run)()) {
+  if (!klog::Enabled(klog::Level::kDebug)) return (this->*run)();
   const auto start = std::chrono::steady_clock::now();
   const RETCODE code = (this->*run)();
   klog::Statement(sql.View(), std::chrono::steady_clock::now() - start);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/kept_statements.h"
 #include "platform/row_source.h"
 #include "platform/text.h"
 
@@ -36,22 +37,70 @@ bool IsDateColumn(const Field& field) {
   return field.column.m_nSQLType == SQL_TYPE_DATE || field.column.m_nSQLType == SQL_DATE;
 }
 
+void RowFields::BeginAdding(const CString& tables) {
+  m_added = 0;
+  if (m_tables == tables) return;
+  ForgetColumns();
+  m_tables = tables;
+}
+
+void RowFields::ForgetColumns() {
+  m_fields.resize(m_added);
+  m_select.Empty();
+  m_described = -1;
+  m_row = nullptr;
+}
+
+// A set over the same tables usually names the same columns: what is known of them then stays known.
 void RowFields::Add(const FieldRef& ref) {
+  const int max_length = std::max(ref.max_length, 0);
+  if (m_added < m_fields.size()) {
+    Field& field = m_fields[m_added];
+    if (field.kind == ref.kind && field.max_length == max_length && field.name == ref.name) {
+      field.member = ref.member;
+      field.null = field.nulled = field.forced = field.unassigned = field.dirty = false;
+      ++m_added;
+      return;
+    }
+  }
+  ForgetColumns();
   Field field;
   field.name = ref.name;
   field.kind = ref.kind;
   field.member = ref.member;
-  field.max_length = std::max(ref.max_length, 0);
+  field.max_length = max_length;
   m_fields.push_back(std::move(field));
+  ++m_added;
 }
 
-CString RowFields::SelectList() const {
-  CString list;
+void RowFields::EndAdding() {
+  if (m_added != m_fields.size()) ForgetColumns();
+}
+
+const CString& RowFields::Select() {
+  if (!m_select.IsEmpty()) return m_select;
+  m_select = "SELECT ";
   for (const Field& field : m_fields) {
-    if (!list.IsEmpty()) list += ",";
-    list += field.name;
+    if (&field != m_fields.data()) m_select += ',';
+    m_select += field.name;
   }
-  return list;
+  m_select += " FROM " + m_tables;
+  return m_select;
+}
+
+SWORD RowFields::TakeShape(const ColumnShape& shape, unsigned state) {
+  for (std::size_t i = 0; i < m_fields.size(); ++i) m_fields[i].column = shape.fields[i];
+  m_described = shape.columns;
+  m_state = state;
+  return m_described;
+}
+
+ColumnShape RowFields::Shape(SWORD columns, unsigned state) {
+  ColumnShape shape{columns, {}};
+  for (const Field& field : m_fields) shape.fields.push_back(field.column);
+  m_described = columns;
+  m_state = state;
+  return shape;
 }
 
 // Gives every field its place in the buffer.
@@ -65,19 +114,26 @@ std::vector<std::size_t> RowFields::LayOut(std::size_t* size) {
     *size += RoundUp(field.capacity + kSpareBytes);
     layout.push_back(static_cast<std::size_t>(field.kind));
     layout.push_back(field.capacity);
-    // Room for every text the buffer can give, so that moving allocates nothing.
-    if (field.kind == FieldKind::kText && field.capacity != 0) {
-      static_cast<CString*>(field.member)->Preallocate(field.max_length);
-    }
   }
   return layout;
 }
 
-RETCODE RowFields::Bind(RowSource& source) {
+RETCODE RowFields::Bind(RowSource& source, bool moves) {
+  // Room for every text the buffer can give, so that moving allocates nothing.
+  for (const Field& field : m_fields) {
+    if (!moves || field.kind != FieldKind::kText || CapacityFor(field) == 0) continue;
+    static_cast<CString*>(field.member)->Preallocate(field.max_length);
+  }
+  const std::shared_ptr<RowBuffer> bound = source.Bound();
+  if (bound != nullptr && bound == m_row) return SQL_SUCCESS;
   std::size_t size = 0;
   std::vector<std::size_t> layout = LayOut(&size);
-  m_row = source.Bound();
+  m_row = bound;
   if (m_row != nullptr && m_row->layout == layout) return SQL_SUCCESS;
+  return BindTo(source, std::move(layout), size);
+}
+
+RETCODE RowFields::BindTo(RowSource& source, std::vector<std::size_t> layout, std::size_t size) {
   m_row = std::make_shared<RowBuffer>();
   m_row->layout = std::move(layout);
   m_row->bytes = std::make_unique<char[]>(size);

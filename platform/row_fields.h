@@ -15,6 +15,7 @@
 #include "platform/types.h"
 
 class RowSource;
+struct ColumnShape;
 
 // A member as an RFX call names it.
 struct FieldRef {
@@ -53,18 +54,28 @@ struct Field {
 
 class RowFields {
  public:
-  void Clear() { m_fields.clear(); }
+  // The columns are going to be named: Add for each in order, then EndAdding.
+  void BeginAdding(const CString& tables);
   void Add(const FieldRef& ref);
+  void EndAdding();
   std::size_t Count() const { return m_fields.size(); }
   Field& At(std::size_t index) { return m_fields[index]; }
   const Field& At(std::size_t index) const { return m_fields[index]; }
   std::vector<Field>& All() { return m_fields; }
   const std::vector<Field>& All() const { return m_fields; }
 
-  // Column names separated by commas, in exchange order.
-  CString SelectList() const;
-  // Lays out the buffer for the described columns and binds it.
-  RETCODE Bind(RowSource& source);
+  // SELECT columns FROM tables, the columns in exchange order.
+  const CString& Select();
+  const CString& Tables() const { return m_tables; }
+  // The columns that the result has, bound or not, when they were described in this state of things; negative
+  // when they are to be described.
+  SWORD Described(unsigned state) const { return m_state == state ? m_described : SWORD{-1}; }
+  // Takes the columns as another set over the same tables has found them; returns how many there are.
+  SWORD TakeShape(const ColumnShape& shape, unsigned state);
+  // The columns just described, for other sets.
+  ColumnShape Shape(SWORD columns, unsigned state);
+  // Lays out the buffer for the described columns and binds it. `moves`: more than a row or two will be read.
+  RETCODE Bind(RowSource& source, bool moves);
 
   // Copies column `index` of the fetched row into its member. `row` identifies the row for its own edits.
   RETCODE Load(std::size_t index, RowSource& source, SQLLEN row);
@@ -105,13 +116,20 @@ class RowFields {
   void LoadNull(Field& field);
   RETCODE LoadWideText(Field& field, SQLUSMALLINT column, RowSource& source);
   void LoadBuffered(Field& field);
+  void ForgetColumns();
   std::vector<std::size_t> LayOut(std::size_t* size);
+  RETCODE BindTo(RowSource& source, std::vector<std::size_t> layout, std::size_t size);
   SQLLEN Indicator(const Field& field) const;
   std::size_t BufferedLength(const Field& field) const;
   bool IsWholeInBuffer(const Field& field) const;
 
   std::vector<Field> m_fields;
-  std::shared_ptr<RowBuffer> m_row;
+  std::size_t m_added = 0;  // fields named since BeginAdding
+  CString m_tables;
+  CString m_select;                  // empty: to be made
+  SWORD m_described = -1;            // columns of the result
+  unsigned m_state = 0;              // of what was known when they were described
+  std::shared_ptr<RowBuffer> m_row;  // null: the fields have no place in it yet
   std::string m_wide_text;
   std::map<SQLLEN, std::map<std::size_t, FieldValue>> m_edits;
 };

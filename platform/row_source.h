@@ -12,7 +12,13 @@
 
 // A statement, whole and in its parts. Of a call only the whole is given.
 struct RowQuery {
-  CString sql;
+  // The whole. Most queries run in parts and never need it.
+  const CString& Whole() const {
+    if (sql.IsEmpty()) sql = select + condition + order;
+    return sql;
+  }
+
+  mutable CString sql;  // of a call; else empty until the whole is asked for
   bool direct = false;  // run unprepared
   CString select;       // SELECT columns FROM tables
   CString condition;    // " WHERE ..." or empty

@@ -40,21 +40,20 @@ RETCODE StaticCursor::ExecuteOwn(const RowQuery& query) {
   // One driver refuses to execute again while the old result is open.
   if (m_executed) Statement().CloseCursor();
   m_executed = true;
-  if (query.direct) return Statement().ExecuteDirect(query.sql);
-  if (query.sql != m_prepared_sql) {
-    const RETCODE code = Statement().Prepare(query.sql);
+  if (query.direct) return Statement().ExecuteDirect(query.Whole());
+  if (query.Whole() != m_prepared_sql) {
+    const RETCODE code = Statement().Prepare(query.Whole());
     if (!odbc::Succeeded(code)) return code;
-    m_prepared_sql = query.sql;
+    m_prepared_sql = query.Whole();
   }
   return Statement().Execute();
 }
 
 RETCODE StaticCursor::ExecuteKept(const RowQuery& query) {
   m_statements->GiveBack(std::move(m_kept));
-  MarkedSQL marked = TakeOutLiterals(query.select.View(), query.condition.View());
-  marked.sql += query.order;
+  const MarkedSQL marked = TakeOutLiterals(query.select.View(), query.condition.View(), query.order.View());
   m_kept = m_statements->Take(marked, KeptStatements::Cursor::kStatic);
-  return m_statements->Run(marked, KeptStatements::Cursor::kStatic, &m_kept);
+  return m_statements->Run(marked, &m_kept);
 }
 
 RETCODE StaticCursor::ColumnCount(SWORD* count) { return Statement().ColumnCount(count); }

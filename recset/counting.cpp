@@ -1,4 +1,6 @@
 // Counting rows: by probing the cursor on sets with an owner, by a query on all others.
+#include "platform/dialect.h"
+#include "platform/one_row.h"
 #include "platform/result_codes.h"
 #include "recset/kyrecset.h"
 #include "recset/restore.h"
@@ -6,22 +8,25 @@
 namespace {
 
 constexpr LONG kFirstStep = 32768;
-constexpr const char* kCountColumn = "TIntCount";
+constexpr const char* kCountFrom = "SELECT COUNT(*) AS TIntCount FROM ";
 constexpr LONG kOwnKey = 1;  // the field id of every table's own key
 
-// The one row of a query that the library wrote itself.
-class OneRow : public CRecordset {
- public:
-  OneRow(CDatabase* database, const CString& sql) : CRecordset(database) {
-    HoldRows(fewRows);
-    Open(snapshot, sql, readOnly);
+// The number that a query of the library's own gives, 0 without a row. A record set reads it where no
+// statements are kept.
+LONG NumberOf(CDatabase* database, const CString& select, const CString& condition, const CString& order) {
+  if (OneRow::Suits(database)) {
+    const MarkedSQL query =
+        TakeOutLiterals(PadYears(select).View(), PadYears(condition).View(), order.View());
+    const OneRow row(*database, query, {OneRow::Column::kNumber});
+    return row.IsThere() ? row.Number(0) : 0;
   }
-  LONG Number() {
-    CDBVariant value;
-    GetFieldValue(short{0}, value, SQL_C_SLONG);
-    return value.m_lVal;
-  }
-};
+  CRecordset row(database);
+  row.Open(CRecordset::snapshot, select + condition + order, CRecordset::readOnly);
+  if (row.IsEOF()) return 0;
+  CDBVariant value;
+  row.GetFieldValue(short{0}, value, SQL_C_SLONG);
+  return value.m_lVal;
+}
 
 }  // namespace
 
@@ -75,8 +80,8 @@ CString CKyRecSet::WhereClause(const CString& filter) {
 
 // Counts on a statement of its own, so that this set's cursor does not move.
 LONG CKyRecSet::CountByQuery(const CString& where) {
-  const CString sql = CString("SELECT COUNT(*) AS ") + kCountColumn + " FROM " + GetDefaultSQL() + where;
-  return OneRow(m_pDatabase, sql).Number();
+  const CString select = kCountFrom + GetDefaultSQL();
+  return NumberOf(m_pDatabase, select, where, CString());
 }
 
 WORD CKyRecSet::GetNum(LONG* count) {
@@ -108,9 +113,8 @@ bool CKyRecSet::ReadHighest(const CString& key, LONG* id) {
   if (m_pDatabase == nullptr || !m_pDatabase->IsOpen()) return false;
   const CString only = m_pDatabase->FirstRowOnly();
   if (only.IsEmpty()) return false;
-  OneRow last(m_pDatabase,
-              "SELECT " + key + " FROM " + GetDefaultSQL() + " ORDER BY " + key + " DESC" + only);
-  *id = last.IsEOF() ? 0 : last.Number();
+  *id = NumberOf(m_pDatabase, "SELECT " + key + " FROM " + GetDefaultSQL(), CString(),
+                 " ORDER BY " + key + " DESC" + only);
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "platform/field_access.h"
 #include "platform/log.h"
 #include "platform/result_codes.h"
 #include "recset/column_ops.h"
@@ -111,7 +112,7 @@ WORD CPatExRec::OpenOn(const tagTPATIENT& patient) {
   m_strFilter = FillBaseFilter(")AND(", m_strFilter);
   HoldRows(fewRows);
   if (!Open(m_nOpenType, nullptr, none)) return kNotOpened;
-  const WORD code = IsUniqueRecord();
+  const WORD code = FieldAccess::IsOnOnlyRow(*this) ? kOk : IsUniqueRecord();
   return code == kNoRow ? kPatientNotFound : code;
 }
 

@@ -15,24 +15,16 @@ struct NewestQuery {
   WORD none;           // the code for no row
 };
 
-class NewestRow : public CRecordset {
- public:
-  // `tables` is the FROM list; an empty `filter` means all rows.
-  NewestRow(CDatabase* database, const CString& tables, const NewestQuery& query, const CString& filter);
-  ~NewestRow() override;
-  CString GetDefaultSQL() override { return m_tables; }
-  void DoFieldExchange(CFieldExchange* exchange) override;
-
-  // False when the rows cannot be read; database exceptions pass on.
-  bool Read();
-
-  LONG m_key = 0;
-  TIMESTAMP_STRUCT m_time = {};
-
- private:
-  const CString m_tables;
-  const NewestQuery& m_columns;
+struct NewestRow {
+  bool is_there = false;
+  LONG key = 0;
+  TIMESTAMP_STRUCT time = {};
 };
+
+// `tables` is the FROM list; the key 0 means all rows. False when the rows cannot be read; database
+// exceptions pass on.
+bool ReadNewest(CDatabase* database, const CString& tables, const NewestQuery& query, LONG owner_key,
+                NewestRow* row);
 
 }  // namespace rowops
 

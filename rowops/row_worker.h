@@ -10,6 +10,7 @@
 
 #include <cstring>
 
+#include "platform/field_access.h"
 #include "platform/log.h"
 #include "platform/result_codes.h"
 #include "recset/key_filter.h"
@@ -58,7 +59,8 @@ class ShortLived : public Set {
   // Opens with the filter and sort just set.
   bool OpenRows() { return this->Open(this->m_nOpenType, nullptr, 0) && this->IsOpen(); }
 
-  using Set::IsUniqueRecord;
+  // As IsUniqueRecord, on rows just opened or requeried: the members need not be read again.
+  WORD FindUnique() { return FieldAccess::IsOnOnlyRow(*this) ? kOk : this->IsUniqueRecord(); }
 };
 
 // The key is the first field of every record.
@@ -75,7 +77,7 @@ WORD FindRow(ShortLived<typename Rules::Set>& set, const typename Rules::Record&
   try {
     if (!set.SelectRow(&record)) return kBadArgument;
     if (!set.OpenRows()) return kNotOpened;
-    const WORD code = set.IsUniqueRecord();
+    const WORD code = set.FindUnique();
     return code == kNoRow ? Rules::kNotFound : code;
   } catch (CDBException* exception) {
     return klog::Caught(exception, kNotOpened);
@@ -103,7 +105,7 @@ WORD Reread(ShortLived<Set>& set, Record* record) {
   const Restore filter(set.m_strFilter);
   const Restore mask(set.m_dwFieldMask);
   if (!set.SelectRow(record) || !set.Requery()) return kBadArgument;
-  const WORD code = set.IsUniqueRecord();
+  const WORD code = set.FindUnique();
   if (code == kOk) set.CopyOut(record);
   return code;
 }
@@ -242,19 +244,17 @@ WORD CountRows(const Set& browse, const char* filter, LONG owner_key, LONG* coun
 // Key and time of the newest row of one owner, or of all rows for key 0. Writes only on 0; null outputs
 // are left out.
 template <class Set>
-WORD Newest(const Set& browse, const NewestQuery& query, LONG owner_key, LONG* key, TIMESTAMP_STRUCT* time) {
-  ShortLived<Set> set(browse);
-  if (owner_key != 0) set.m_strFilter.Format(query.filter, owner_key);
-  NewestRow row(set.m_pDatabase, set.GetDefaultSQL(), query, set.m_strFilter);
+WORD Newest(Set& browse, const NewestQuery& query, LONG owner_key, LONG* key, TIMESTAMP_STRUCT* time) {
+  NewestRow row;
   try {
-    if (!row.Read()) return kNotOpened;
+    if (!ReadNewest(browse.m_pDatabase, browse.GetDefaultSQL(), query, owner_key, &row)) return kNotOpened;
   } catch (CDBException* exception) {
     return klog::Caught(exception, kNotOpened);
   }
-  if (row.IsEOF()) return query.none;
+  if (!row.is_there) return query.none;
   // Callers may pass fields of packed records, so the outputs need not be aligned.
-  if (key != nullptr) std::memcpy(static_cast<void*>(key), &row.m_key, sizeof row.m_key);
-  if (time != nullptr) std::memcpy(static_cast<void*>(time), &row.m_time, sizeof *time);
+  if (key != nullptr) std::memcpy(static_cast<void*>(key), &row.key, sizeof row.key);
+  if (time != nullptr) std::memcpy(static_cast<void*>(time), &row.time, sizeof *time);
   return kOk;
 }
 
