@@ -25,7 +25,7 @@ int Run(int argc, char** argv) {
   program.footer(kFooter);
   program.require_subcommand(1);
   Action run;
-  for (const auto add : {AddInit, AddSample, AddImport, AddList, AddShow, AddSettings, AddDoctor})
+  for (const auto add : {AddInit, AddSample, AddImport, AddList, AddShow, AddSettings, AddDoctor, AddShell})
     add(program, run);
   try {
     program.parse(argc, argv);

@@ -14,6 +14,7 @@ void AddImport(CLI::App& program, Action& run);
 void AddList(CLI::App& program, Action& run);
 void AddShow(CLI::App& program, Action& run);
 void AddDoctor(CLI::App& program, Action& run);
+void AddShell(CLI::App& program, Action& run);
 void AddSettings(CLI::App& program, Action& run);  // "set" and "get"
 
 #endif
