@@ -9,6 +9,7 @@
 #include "tests/support/records.h"
 #include "tests/support/relay.h"
 #include "tools/shell/browser.h"
+#include "tools/shell/commands.h"
 
 namespace shell_tests {
 namespace {
@@ -33,10 +34,10 @@ class Lost : public SixtyPatients {
     tagDBCONNECT parameters = m_practice->Parameters();
     support::SetText(parameters.szDSN, source);
     ASSERT_EQ(DB_InitDatabase(&parameters), 0);
-    m_browser = std::make_unique<Browser>(FindTable("patients"), shell::Words{"name > C", "-name"});
+    m_browser = std::make_unique<Browser>(FindTable("patients"), shell::Words{"name > C", "name"});
     m_browser->Resize(24, 80);
     Press(*m_browser, Key::kDown, 12);
-    ASSERT_EQ(NameAtCursor(Main()), "P47");
+    ASSERT_EQ(NameAtCursor(Main()), "G18");
   }
   void TearDown() override {
     m_browser.reset();
@@ -51,26 +52,36 @@ class Lost : public SixtyPatients {
   std::unique_ptr<Browser> m_browser;
 };
 
-TEST_F(Lost, AStepConnectsAgainAndIsTakenFromTheSameRow) {
+// A jump asks the database whatever has been read ahead.
+TEST_F(Lost, AStepConnectsAgainAndIsTakenWithTheSameFilterAndOrder) {
   m_relay->Lose(Loss::kReset);
-  Press(*m_browser, Key::kPageDown);
+  Type(*m_browser, "M");
   EXPECT_TRUE(MessageHas("the connection was lost; it was made again")) << m_browser->Message();
-  EXPECT_EQ(NameAtCursor(Main()), "J27");
+  EXPECT_EQ(NameAtCursor(Main()), "M36");
   EXPECT_EQ(Main().OpenedWith().filter, "name > C");
-  EXPECT_EQ(Main().OpenedWith().sort, "-name");
+  EXPECT_EQ(Main().OpenedWith().sort, "name");
+  EXPECT_EQ(Main().Count(), kPatients - 6);
+  Press(*m_browser, Key::kHome);
+  EXPECT_EQ(NameAtCursor(Main()), "C06");
+}
+
+TEST_F(Lost, AReloadConnectsAgainAndStaysOnTheRow) {
+  m_relay->Lose(Loss::kReset);
+  Type(*m_browser, "r");
+  EXPECT_EQ(NameAtCursor(Main()), "G18");
   EXPECT_EQ(Main().Count(), kPatients - 6);
 }
 
 TEST_F(Lost, ANewFilterTakesEffectOnTheNewConnection) {
   m_relay->Lose(Loss::kFinish);
   Enter(*m_browser, "f", "name like D%");
-  EXPECT_EQ(NameAtCursor(Main()), "D11");
+  EXPECT_EQ(NameAtCursor(Main()), "D09");
   EXPECT_EQ(Main().Count(), 3);
 }
 
 TEST_F(Lost, ImagesComeOnTheNewConnection) {
   Enter(*m_browser, "f", "name like A%");
-  Press(*m_browser, Key::kEnd);
+  Press(*m_browser, Key::kHome);
   Type(*m_browser, "i");
   m_relay->Lose(Loss::kReset);
   m_browser->BringImages();
@@ -95,20 +106,45 @@ TEST_F(Lost, WithoutAServerTheRowsStayInSightAndReloadTriesAgain) {
   const std::vector<std::string> names = Names(Main());
   m_relay->Refuse(true);
   m_relay->Lose(Loss::kReset);
-  Press(*m_browser, Key::kPageDown);
+  Type(*m_browser, "M");
   EXPECT_TRUE(MessageHas("the connection is lost; r tries again")) << m_browser->Message();
   EXPECT_EQ(Names(Main()), names);
-  EXPECT_EQ(NameAtCursor(Main()), "P47");
+  EXPECT_EQ(NameAtCursor(Main()), "G18");
   Press(*m_browser, Key::kPageDown);
   EXPECT_TRUE(MessageHas("there is no connection")) << m_browser->Message();
   Type(*m_browser, "r");
   EXPECT_TRUE(MessageHas("the connection is lost")) << m_browser->Message();
   m_relay->Refuse(false);
   Type(*m_browser, "r");
-  EXPECT_EQ(NameAtCursor(Main()), "P47");
+  EXPECT_EQ(NameAtCursor(Main()), "G18");
   EXPECT_EQ(Names(Main()), names);
   Type(*m_browser, "q");
   EXPECT_TRUE(m_browser->Ended());
+}
+
+TEST_F(Lost, LineModeCarriesALineOutOnTheNewConnection) {
+  m_browser.reset();
+  shell::Commands commands(FindTable("patients"), {"name > C", "name"}, 2);
+  m_relay->Lose(Loss::kReset);
+  testing::internal::CaptureStdout();
+  commands.Answer("jump M");
+  commands.Answer("count");
+  const std::string printed = testing::internal::GetCapturedStdout();
+  EXPECT_NE(printed.find(" M36 "), std::string::npos) << printed;
+  EXPECT_TRUE(printed.ends_with("\n54\n")) << printed;
+}
+
+TEST_F(Lost, LineModeFailsWithoutAServerAndWorksOnceItIsBack) {
+  m_browser.reset();
+  shell::Commands commands(FindTable("patients"), {"name > C", "name"}, 2);
+  m_relay->Refuse(true);
+  m_relay->Lose(Loss::kReset);
+  EXPECT_THROW(commands.Answer("reload"), shell::SetError);
+  EXPECT_THROW(commands.Answer("reload"), shell::SetError);
+  m_relay->Refuse(false);
+  testing::internal::CaptureStdout();
+  commands.Answer("reload");
+  EXPECT_NE(testing::internal::GetCapturedStdout().find(" C06 "), std::string::npos);
 }
 
 }  // namespace

@@ -22,8 +22,8 @@ std::string NameOf(int patient);
 LONG AddPatient(const std::string& name, const std::string& first_name = "First");
 void AddImage(LONG patient, int year);
 
-// One practice for all tests of a suite, connected for each. The first patient, A00, has the images of 2001 to
-// 2005, the second one has none and the third one has that of 2010.
+// One practice for all tests of a suite, connected for each. The first patient, A00, has the images of 2001
+// to 2005, the second one has none and the third one has that of 2010.
 class SixtyPatients : public testing::Test {
  public:
   static void SetUpTestSuite();

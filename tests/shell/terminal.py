@@ -16,7 +16,7 @@ PATIENCE = 60  # seconds, for machines with much to do
 
 KEYS = {"up": "\x1bOA", "down": "\x1bOB", "right": "\x1bOC", "left": "\x1bOD", "home": "\x1b[1~",
         "end": "\x1b[4~", "page up": "\x1b[5~", "page down": "\x1b[6~", "enter": "\r", "escape": "\x1b",
-        "tab": "\t", "backspace": "\x7f", "ctrl-u": "\x15", "ctrl-c": "\x03", "ctrl-d": "\x04"}
+        "tab": "\t", "backspace": "\x7f", "ctrl-u": "\x15", "ctrl-z": "\x1a", "ctrl-c": "\x03"}
 
 
 class Terminal:
@@ -82,6 +82,9 @@ class Terminal:
             if time.monotonic() > patience or (self.process.poll() is not None and not self._read(0)):
                 raise AssertionError(f"waiting for {what or ready!r}, the screen shows:\n{self.text()}")
             self._read(0.1)
+        # What is drawn below comes in the same breath.
+        while self._read(0.05):
+            pass
 
     def wait_for_end(self):
         """The exit code, or the negative number of the signal."""

@@ -17,8 +17,8 @@ struct Cell {
   std::size_t column = 0;  // which one it is, counted from 0
 };
 
-// All columns of a table, those of lists first; one of them is selected. They get as wide as what has been seen
-// in them, so that they do not jump when pages turn.
+// All columns of a table, those of lists first; one of them is selected. They get as wide as what has been
+// seen in them, so that they do not jump when pages turn.
 class Columns {
  public:
   explicit Columns(const Table& table);

@@ -16,8 +16,8 @@ class Commands {
   // Opens the table. Throws WordsError and SetError.
   Commands(const Table& table, const Words& words, LONG rows);
 
-  // Carries the line out and prints to the standard output. Throws WordsError and ToolError. A connection that
-  // turns out to be lost is made again, and the line carried out then.
+  // Carries the line out and prints to the standard output. Throws WordsError and ToolError. A connection
+  // that turns out to be lost is made again, and the line carried out then.
   void Answer(const std::string& line);
   bool Ended() const { return m_ended; }
 

@@ -12,8 +12,8 @@ struct Area {
   int width = 0;
 };
 
-// From top to bottom: what is shown; the table, and the images beside it or below it; where the user is; keys,
-// messages and the line being typed. Tables have a line of titles, images one more that tells whose they are.
+// From top to bottom: what is shown; the table, and the images beside or below it; where the user is; keys,
+// messages and the line being typed. Tables have a line of titles; images have one more, which says whose.
 struct Layout {
   bool fits = false;  // smaller screens show nothing
   Area page;          // all of the middle

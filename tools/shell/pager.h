@@ -1,4 +1,5 @@
-// The part of a set that fits on the screen, and the row the user is at. Reads what it shows and nothing else.
+// The part of a set that fits on the screen, and the row the user is at. Reads what it shows and no
+// more.
 #ifndef KYODBC_TOOLS_SHELL_PAGER_H
 #define KYODBC_TOOLS_SHELL_PAGER_H
 

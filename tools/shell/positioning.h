@@ -14,6 +14,7 @@ struct Positioning {
   LONG (*move_by)(LONG delta);
   LONG (*move_to_key)(LONG key);           // null: the library has none for the table
   LONG (*move_to_text)(const char* text);  // likewise
+  bool restores;                           // opening it restores a lost connection
 };
 
 const Positioning& PositioningOf(const Table& table);

@@ -52,10 +52,12 @@ RowSet::~RowSet() { m_table.close(); }
 
 std::string RowSet::Reading() const { return fmt::format("reading the {}", m_table.plural); }
 
-// Filter and sort go to the closed set, so that it is read once only.
+// Filter and sort go to the closed set, so that it is read once only. An open that restores a lost connection
+// forgets them: where it does, that comes before.
 void RowSet::Open(const Words& words) {
   const Filter filter = FilterBy(words.filter, m_table.fields);
   const LONG sort = ReadSort(words.sort, m_table.fields);
+  if (m_positioning.restores) Heal();
   m_table.close();
   CheckSet(m_table.set_filter(filter.Fields(), filter.Operators(), filter.ValuePointer(0),
                               filter.ValuePointer(1), filter.ValuePointer(2), filter.ValuePointer(3)),

@@ -39,8 +39,8 @@ struct Row {
   LONG Key() const;  // 0 for a row that is gone
 };
 
-// There is one browse set for each table, so there must be one object only for each at a time. After a SetError
-// the set may be closed; Heal and Open bring it back.
+// There is one browse set for each table, so there must be one object only for each at a time. After a
+// SetError the set may be closed; Heal and Open bring it back.
 class RowSet {
  public:
   explicit RowSet(const Table& table);
@@ -61,8 +61,8 @@ class RowSet {
 
   // Where the row with the key is, looked for at `near` first; 0: nowhere.
   LONG PositionOfKey(LONG key, LONG near);
-  // The first row that is not before `text` in the order; 0: all are. Throws WordsError where the library does
-  // not jump: in other tables, and in orders that do not begin with a text, ascending.
+  // The first row that is not before `text` in the order; 0: all are. Throws WordsError where the library
+  // does not jump: in other tables, and in orders that do not begin with a text, ascending.
   LONG PositionOfText(const std::string& text);
 
  private:
@@ -80,8 +80,8 @@ class RowSet {
 // Restores a lost connection, which closes all sets. Throws SetError when that fails.
 void Heal();
 
-// Opens the set again as it was and tells where the row with `key`, last seen at `position`, is now. When it is
-// gone: the nearest position that there is; 0 in an empty set.
+// Opens the set again as it was and tells where the row with `key`, last seen at `position`, is now. When
+// it is gone: the nearest position that there is; 0 in an empty set.
 LONG ReopenAtKey(RowSet& set, LONG key, LONG position);
 
 }  // namespace shell

@@ -132,8 +132,9 @@ Terminal::~Terminal() {
 }
 
 void Terminal::SetUpStyles() {
-  m_colours =
-      std::getenv("NO_COLOR") == nullptr && has_colors() && start_color() == OK && use_default_colors() == OK;
+  const char* no_colours = std::getenv("NO_COLOR");
+  const bool wanted = no_colours == nullptr || *no_colours == '\0';
+  m_colours = wanted && has_colors() && start_color() == OK && use_default_colors() == OK;
   short pair = 0;
   for (const StyleRow& row : kStyles) {
     if (m_colours && pair > 0) init_pair(pair, row.foreground, row.background);
