@@ -48,12 +48,14 @@ class Toolchain:
                 f"-L{self.build} -lKyODBC -Wl,-rpath,{self.build}")
 
     def preload(self):
-        """The run-time that must be there before a host without sanitizers loads a library with them."""
+        """The run-time that must be there before a host without sanitizers loads a library with them, and the
+        one of C++, without which it does not know how exceptions are thrown."""
         if "-fsanitize=address" not in self.flags:
             return ""
-        asked = subprocess.run([self.compilers["c"], "-print-file-name=libasan.so"], check=True,
-                               encoding="utf-8", stdout=subprocess.PIPE)
-        return asked.stdout.strip()
+        return ":".join(
+            subprocess.run([self.compilers["cpp"], f"-print-file-name={library}"], check=True,
+                           encoding="utf-8", stdout=subprocess.PIPE).stdout.strip()
+            for library in ("libasan.so", "libstdc++.so.6"))
 
 
 class Workshop:
