@@ -1,11 +1,10 @@
 #!/usr/bin/env python3
 """The set-up of a database, done as docs/databases.md tells it, leaves nothing to complain of.
 
-Usage: databases_test.py ROOT BUILD DATABASE; servers in KYODBC_TEST_SERVERS.
+Usage: databases_test.py ROOT BUILD DATABASE
 
-What a machine of a practice has and one of a test has not is put in its place: the name of the server, the
-folder /srv/practice, encryption, which the page lets go on one machine. Names of databases and accounts are
-this test's own, since servers are shared.
+A server of the test's own stands for the practice's: its name, port, folders and restart are put in place of
+those on the page. Everything else is done as it stands there, and looked at from a workstation.
 """
 import os
 import pathlib
@@ -20,7 +19,6 @@ import pages
 ROOT, BUILD, DATABASE = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]
 NAMES = {"sqlite": "SQLite", "postgresql": "PostgreSQL", "mariadb": "MariaDB"}
 PASSWORD = "it's a pass word"
-ENCRYPTION = r"^(?:SSLmode=verify-full|pqopt=.*|FORCETLS=1|SSLCA=.*|SSLVERIFY=1)\n"
 
 
 def chapter():
@@ -33,40 +31,51 @@ class SetUp(unittest.TestCase):
         holder = tempfile.TemporaryDirectory(prefix="kyodbc-docs-")
         self.addCleanup(holder.cleanup)
         self.folder = pathlib.Path(holder.name)
-        self.name = f"docs_{os.getpid()}"
         (self.folder / "schema").symlink_to(ROOT / "schema")
         (self.folder / "practice").mkdir()
-        self.environment = {**os.environ, **self.administrator(), "HOME": str(self.folder),
-                            "ODBCINI": str(self.folder / "odbc.ini"),
+        self.environment = {**os.environ, "HOME": str(self.folder), "ODBCINI": str(self.folder / "odbc.ini"),
                             "PATH": f"{BUILD}/tools:{os.environ['PATH']}"}
-        self.addCleanup(self.removed)
+        if DATABASE != "sqlite":
+            self.start_server()
 
-    def servers(self):
-        return pathlib.Path(os.environ["KYODBC_TEST_SERVERS"])
-
-    def port(self):
-        return (self.servers() / f"{DATABASE}.port").read_text().strip()
-
-    def administrator(self):
-        """How the administrator's programs reach the server, without saying so in each command."""
+    def start_server(self):
+        """Its administrator's programs find it without being told in each command."""
+        self.server = pathlib.Path(tempfile.mkdtemp(prefix="kyodbc-docs-server-"))
+        self.addCleanup(self.control, "stop")
+        self.control("start", DATABASE)
+        self.port = (self.server / f"{DATABASE}.port").read_text().strip()
         if DATABASE == "postgresql":
-            return {"PGHOST": "127.0.0.1", "PGPORT": self.port(),
-                    "PGUSER": "practice", "PGPASSWORD": "secret"}
-        if DATABASE == "mariadb":
-            socket = self.servers() / "mariadb" / "socket"
+            self.environment.update(PGHOST="127.0.0.1", PGPORT=self.port, PGUSER="practice",
+                                    PGPASSWORD="secret")
+        else:
+            socket = self.server / "mariadb" / "socket"
             (self.folder / ".my.cnf").write_text(f"[client]\nsocket={socket}\nuser=root\n")
-        return {}
+
+    def control(self, command, *server):
+        subprocess.run([ROOT / "tests/support/servers", command, self.server, *server], check=True,
+                       stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def here(self, text):
         """A block of the page with the names of this machine."""
-        text = text.replace("/srv/practice", str(self.folder / "practice"))
+        for there, here in (("/srv/practice", self.folder / "practice"),
+                            ("/root/tls", self.folder / "tls"),
+                            ("/etc/ssl/practice-ca.crt", self.folder / "tls" / "practice-ca.crt")):
+            text = text.replace(there, str(here))
         if DATABASE == "sqlite":
             return text
-        text = re.sub(ENCRYPTION, "", text.replace("db.practice.example", "127.0.0.1"), flags=re.M)
-        text = re.sub(r"^(Port|PORT)=\d+$", rf"\1={self.port()}", text, flags=re.M)
-        text = re.sub(r"(?<!\[)\bpractice\b(?=[\s.]|$)(?!\.example)", self.name, text)
-        text = re.sub(r"\b(xray|reader)\b", rf"{self.name}_\1", text)
-        return text.replace("mariadb-accounts.sh", "mariadb-accounts.sh --without-tls")
+        data = self.server / "mariadb"
+        for there, here in (("/etc/mysql/mariadb.conf.d/90-practice-tls.cnf", data / "my.cnf"),
+                            ("/var/lib/mysql", data / "data"),
+                            ("systemctl restart mariadb", self.restart()),
+                            # For this name the driver would take the socket.
+                            ("SERVER=db.practice.example", "SERVER=localhost\nTCPIP=1"),
+                            ("db.practice.example", "localhost")):
+            text = text.replace(there, str(here))
+        return re.sub(r"^(Port|PORT)=\d+$", rf"\1={self.port}", text, flags=re.M)
+
+    def restart(self):
+        servers = ROOT / "tests" / "support" / "servers"
+        return f"{servers} halt {self.server} mariadb; {servers} resume {self.server} mariadb"
 
     def done(self, command):
         """What the commands print. Scripts that ask for a password read it from the input."""
@@ -76,19 +85,9 @@ class SetUp(unittest.TestCase):
         self.assertEqual(result.returncode, 0, f"{command}\n{result.stdout}")
         return result.stdout
 
-    def removed(self):
-        """Servers are as they were before."""
-        xray, reader = f"{self.name}_xray", f"{self.name}_reader"
-        if DATABASE == "postgresql":
-            for what in (f"DATABASE IF EXISTS {self.name} WITH (FORCE)", f"ROLE IF EXISTS {xray}, {reader}"):
-                self.done(f"psql -q -d postgres -c 'DROP {what}'")
-        if DATABASE == "mariadb":
-            for what in (f"DATABASE IF EXISTS {self.name}", f"USER IF EXISTS {xray}, {reader}@'192.168.1.%'"):
-                self.done(f'mariadb -e "DROP {what}"')
-
     def keep(self, block):
         """A data source, or the section of a driver, which belongs into a file of its own."""
-        if "Database=" in block.code or "DATABASE=" in block.code:
+        if "[practice]" in block.code:
             (self.folder / "odbc.ini").write_text(self.here(block.code))
         else:
             (self.folder / "odbcinst.ini").write_text(block.code)
@@ -102,7 +101,7 @@ class SetUp(unittest.TestCase):
                 self.keep(block)
         check = re.search(r"^\d\. Check: `(kyodbc doctor practice[^`]*)`", chapter(), re.M)[1]
         self.environment["KYODBC_PASSWORD"] = PASSWORD
-        said = self.done(re.sub(r"--user xray", f"--user {self.name}_xray", check))
+        said = self.done(check)
         self.assertTrue(said.endswith("All is well.\n"), said)
 
 
