@@ -91,7 +91,9 @@ def family(lines):
 
 
 def behind_code(line):
-    """A member with a comment behind it."""
+    """A member with a comment behind it. Of a class that is only announced nothing is described here."""
+    if re.match(r"(?:class|struct) \w+;", line):
+        return line.split("//")[0].rstrip()
     line = re.sub(r"^(\s*[^\s/].*?\S\s+)//(?!/) ?", r"\1///< ", line)
     line = re.sub(r"^(\s*[^\s/].*?\S\s*)/\*(?!\*)", r"\1/**<", line)
     return re.sub(r"(/\*\*< )(t[A-Z]\w+) +(?=\S)", r"\1column \2: ", line)
@@ -128,11 +130,21 @@ def is_family(lines):
     return bool(ahead) and ahead[0].startswith("KYODBC_API") and "(" in "".join(ahead[:2])
 
 
+def is_named_after(line, name):
+    """The class that a header is named after: what the header says of itself is said of the class."""
+    found = re.match(r"class KYODBC_API (\w+)", line)
+    stem = re.sub(r".*/|\.h$", "", name)
+    return bool(found) and found[1].lower() in (stem, f"c{stem}")
+
+
 def filtered(text, name=""):
-    lines, result, in_section = text.split("\n"), [], False
+    lines, result, in_section, about = text.split("\n"), [], False, ""
     if name and is_comment(lines[0]):
-        result.append(documentation(words(take_comment(lines)), before="@file\n * "))
+        about = words(take_comment(lines))
+        result.append(documentation(about, before="@file\n * "))
     while lines:
+        if is_named_after(lines[0], name) and not result[-1]:
+            result.append(documentation(about))
         title = TITLE.match(lines[0])
         if in_section and (title or lines[0].startswith("#if")):
             result.append("/** @} */")

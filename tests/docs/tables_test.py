@@ -131,6 +131,12 @@ class Reference(unittest.TestCase):
         self.assertEqual(
             text, "/// A thing.\nclass Thing {\n  int x;  ///< its place\n  LONG y; /**< too */\n};\n")
 
+    def test_the_class_that_a_header_is_named_after_is_described_by_it(self):
+        text = reference_filter.filtered(
+            "// A thing.\n\nclass Other;  // not this\n\nclass KYODBC_API CThing {\n};\n", "room/thing.h")
+        self.assertEqual(text, "/** @file\n * A thing. */\n\nclass Other;\n\n"
+                               "/** A thing. */\nclass KYODBC_API CThing {\n};\n")
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1])
