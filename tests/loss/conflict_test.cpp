@@ -8,8 +8,8 @@ namespace {
 
 class Conflict : public LossTest {
  protected:
-  // Of two sessions that wait for each other MariaDB ends the one that changed less, PostgreSQL the one that asks
-  // first: never this one.
+  // Of two sessions that wait for each other MariaDB ends the one that changed less, PostgreSQL the one that
+  // asks first: never this one.
   void MakeTheOtherSessionStrong(support::RawOdbc& other) const {
     if (OnPostgresql()) {
       other.Exec("SET deadlock_timeout = '60s'");

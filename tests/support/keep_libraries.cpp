@@ -11,9 +11,9 @@ extern "C" int dlclose(void*) { return 0; }
 extern "C" const char* __lsan_default_suppressions();
 const char* __lsan_default_suppressions() { return "leak:libglib-2.0\nleak:psqlodbcw.so"; }
 
-// The leak checker guesses where a loaded library's thread-local storage lies. Where the storage begins 16 bytes
-// into a page it takes what stands before it for a header, and ends the process with "Tracer caught signal 11"
-// after all tests have passed: once in many runs, as the addresses fall. Left off, it finds the storage all the
-// same, as memory that the loader asked for.
+// The leak checker guesses where a loaded library's thread-local storage lies. Where the storage begins 16
+// bytes into a page it takes what stands before it for a header, and ends the process with "Tracer caught
+// signal 11" after all tests have passed: once in many runs, as the addresses fall. Left off, it finds the
+// storage all the same, as memory that the loader asked for.
 extern "C" const char* __asan_default_options();
 const char* __asan_default_options() { return "intercept_tls_get_addr=0"; }

@@ -7,8 +7,8 @@
 
 namespace support {
 
-// What the scripts beside this file start. Practices made while it lives are on it: KYODBC_TEST_SERVERS names its
-// folder. All operations throw std::runtime_error when they fail.
+// What the scripts beside this file start. Practices made while it lives are on it: KYODBC_TEST_SERVERS names
+// its folder. All operations throw std::runtime_error when they fail.
 class OwnProcesses {
  public:
   OwnProcesses(const OwnProcesses&) = delete;

@@ -45,8 +45,8 @@ make_postgresql() {
   echo "$password" >"$home/password"
   give postgres "$home"
   give postgres "$home/password"
-  as_user postgres "$(postgresql_bin)/initdb" -D "$home/data" -U "$user" --pwfile="$home/password" -A scram-sha-256 \
-    -E UTF8 --locale=C.UTF-8 -N >"$home/initdb.log"
+  as_user postgres "$(postgresql_bin)/initdb" -D "$home/data" -U "$user" --pwfile="$home/password" \
+    -A scram-sha-256 -E UTF8 --locale=C.UTF-8 -N >"$home/initdb.log"
 }
 
 make_mariadb() {
