@@ -54,14 +54,14 @@ class RowSource {
   virtual RETCODE ColumnCount(SWORD* count) = 0;
   virtual RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) = 0;
   // What the columns are bound to already, from an earlier use of the statement; null for nothing.
-  virtual std::shared_ptr<RowBuffer> Bound() { return nullptr; }
+  virtual std::shared_ptr<RowBuffer> Bound() = 0;
   // All columns are going to be bound to this, which lives as long as they are.
-  virtual void BeginBinding(const std::shared_ptr<RowBuffer>& /*row*/) {}
+  virtual void BeginBinding(const std::shared_ptr<RowBuffer>& row) = 0;
   // Every fetch from now on leaves the column in `buffer` and its length, or SQL_NULL_DATA, in `indicator`.
   virtual RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
                              SQLLEN* indicator) = 0;
   // All columns of the result are bound: a row that is in the buffers need not be fetched again.
-  virtual void EveryColumnIsBound() {}
+  virtual void EveryColumnIsBound() = 0;
   // Reads a column of the current row as SQLGetData does: long values in pieces.
   virtual RETCODE GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
                           SQLLEN* indicator) = 0;
@@ -82,7 +82,7 @@ class RowSource {
   // change by itself on the next visit; else the record set has to.
   virtual bool TakeChange(LONG /*key*/) { return false; }
   // A logical row that a fetch did not find has a place among the rows: it was there when the query ran.
-  virtual bool HasPlace(SQLLEN /*row*/) const { return false; }
+  virtual bool HasPlace(SQLLEN row) const = 0;
   // The logical row with this key, 0 for none; kNoKeys when only reading the rows can tell.
   virtual SQLLEN FindKey(LONG /*key*/) const { return kNoKeys; }
 };
