@@ -47,6 +47,24 @@ TEST_F(LimitedStatements, AKeyThatCannotBeReadIsAnError) {
   EXPECT_FALSE(set.IsOpen());
 }
 
+class FewRowsSet : public PlaySet {
+ public:
+  explicit FewRowsSet(CDatabase* database) : PlaySet(database) { HoldRows(fewRows); }
+};
+
+// The row is still in the buffers, while the driver's cursor stands behind the last one.
+TEST_F(LimitedStatements, AColumnOfTheLastRowCanBeReadAfterAMoveToTheEndAndBack) {
+  FewRowsSet set(&m_database);
+  ASSERT_TRUE(set.Open());
+  set.MoveLast();
+  set.MoveNext();
+  EXPECT_TRUE(set.IsEOF());
+  set.MovePrev();
+  CString text;
+  set.GetFieldValue("text", text);
+  EXPECT_STREQ(text, "row 5");
+}
+
 TEST_F(RareAnswers, ATextOfUntoldLengthEndsAtItsZeroByte) {
   m_database.OpenEx("DSN=a");
   TheScript().lengths = false;
