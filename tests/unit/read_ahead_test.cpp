@@ -105,8 +105,8 @@ TEST(ReadAhead, AJumpBehindAWalkReadsAPageAsAWindowThatScrollsDoes) {
 TEST(ReadAhead, ARowReadAheadIsHandedOutOnce) {
   Reader reader;
   reader.Walk(1, 10);
-  reader.Visit(9);
-  EXPECT_EQ(reader.Visit(10), "10+64");
+  EXPECT_EQ(reader.Visit(9), "9+1");
+  EXPECT_EQ(reader.Visit(8), "1+8");
 }
 
 TEST(ReadAhead, APageIsOutOfDateAfterAQuarterOfASecond) {
