@@ -4,7 +4,27 @@ namespace {
 
 constexpr int kEnd = std::istream::traits_type::eof();
 
+// A lone empty field would be an empty line, which readers leave out.
+std::string Quoted(const std::string& field, bool alone) {
+  if (field.find_first_of(",\"\r\n") == std::string::npos && !(alone && field.empty())) return field;
+  std::string quoted = "\"";
+  for (const char c : field) {
+    if (c == '"') quoted += c;
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
 }  // namespace
+
+std::string CsvLine(const std::vector<std::string>& fields) {
+  std::string line;
+  for (const std::string& field : fields) {
+    if (&field != &fields.front()) line += ',';
+    line += Quoted(field, fields.size() == 1);
+  }
+  return line + '\n';
+}
 
 CsvReader::CsvReader(std::istream& input) : m_input(input) {
   constexpr unsigned char kMark[] = {0xEF, 0xBB, 0xBF};

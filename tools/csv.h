@@ -14,6 +14,9 @@ struct CsvRow {
   std::string fault;  // what is wrong with the row's quotes; empty when nothing is
 };
 
+// Fields apart by commas and a line end, each in quotes where that is needed.
+std::string CsvLine(const std::vector<std::string>& fields);
+
 class CsvReader {
  public:
   // `input` should be opened as binary and must outlive the reader. A byte-order mark at its start is not

@@ -4,28 +4,37 @@
 #include <exception>
 
 #include "tools/commands/commands.h"
+#include "tools/output.h"
+#include "tools/terminal.h"
 #include "tools/tool_error.h"
 
 namespace {
 
 constexpr const char* kFooter =
     "Exit codes: 0 done; 1 not found, refused, or a result code of the library, which the message names;\n"
-    "            2 the command line makes no sense.\n"
+    "            2 the command line makes no sense; 3 two sides that must be equal are not;\n"
+    "            4 a question was not answered with yes; 130 ended by Ctrl-C, 143 by SIGTERM.\n"
+    "With --json every command prints one JSON document, {\"error\": ...} when it fails; messages for "
+    "people\n"
+    "go to standard error. Colours are for terminals only; NO_COLOR switches them off.\n"
     "KYODBC_LOG=error in the environment shows what the database said.\n";
 
 int Fail(ExitCode code, const char* message) {
   std::fflush(stdout);
-  std::fprintf(stderr, "kyodbc: %s\n", message);
+  if (AsJson()) PrintJsonError(code, message);
+  std::fflush(stdout);
+  std::fprintf(stderr, "%s %s\n", Coloured(stderr, Look::kError, "kyodbc:").c_str(), message);
   return code;
 }
 
 int Run(int argc, char** argv) {
-  CLI::App program("Makes an embedded practice, and fills and looks into practices on any database.",
+  CLI::App program("Makes an embedded practice, and fills, looks into and keeps practices on any database.",
                    "kyodbc");
   program.footer(kFooter);
   program.require_subcommand(1);
   Action run;
-  for (const auto add : {AddInit, AddSample, AddImport, AddList, AddShow, AddSettings, AddDoctor, AddShell})
+  for (const auto add : {AddInit, AddSample, AddImport, AddExport, AddList, AddShow, AddShell, AddEdit,
+                         AddSettings, AddBackup, AddRestore, AddCopy, AddBench, AddDoctor})
     add(program, run);
   try {
     program.parse(argc, argv);

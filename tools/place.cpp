@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include "tools/password.h"
 #include "tools/practice_folder.h"
 #include "tools/record_text.h"
 #include "tools/tool_error.h"
@@ -18,12 +17,7 @@ void SetParameter(char (&field)[N], const std::string& text, const char* what) {
 }
 
 tagDBCONNECT FolderParameters(const Place& place) {
-  const Login& login = place.login;
-  if (!login.user.empty() || !login.password_file.empty() || !login.owner.empty()) {
-    throw ToolError(kUsage, fmt::format("'{}' is a folder, which knows no users, passwords and owners; a "
-                                        "data source is named {}NAME",
-                                        place.practice, kSourcePrefix));
-  }
+  RequireNoLogin(place);
   PracticeFolder(place.practice).UseForThisProcess();
   tagDBCONNECT parameters{};
   SetText(parameters.szDSN, kDataSource);
@@ -48,11 +42,19 @@ void AddPlace(CLI::App& command, Place& place) {
   AddLogin(command, place.login);
 }
 
-tagDBCONNECT Parameters(const std::string& source, const Login& login) {
+void RequireNoLogin(const Place& place) {
+  const Login& login = place.login;
+  if (login.user.empty() && login.password_file.empty() && login.owner.empty()) return;
+  throw ToolError(kUsage, fmt::format("'{}' is a folder, which knows no users, passwords and owners; a "
+                                      "data source is named {}NAME",
+                                      place.practice, kSourcePrefix));
+}
+
+tagDBCONNECT Parameters(const std::string& source, const Login& login, const PasswordOf& whose) {
   tagDBCONNECT parameters{};
   SetParameter(parameters.szDSN, source, "name of the data source");
   SetParameter(parameters.szUID, login.user, "name of the user");
-  SetParameter(parameters.szPWD, Password(login.password_file, !login.user.empty()), "password");
+  SetParameter(parameters.szPWD, Password(login.password_file, !login.user.empty(), whose), "password");
   SetParameter(parameters.szOwner, login.owner, "owner");
   return parameters;
 }

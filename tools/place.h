@@ -7,6 +7,8 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
+#include "tools/password.h"
+
 // What an ODBC data source wants to know.
 struct Login {
   std::string user;
@@ -24,9 +26,12 @@ void AddLogin(CLI::App& command, Login& login);
 // The argument PRACTICE and these options.
 void AddPlace(CLI::App& command, Place& place);
 
+// Throws ToolError when the practice is a folder and there is a user, a password or an owner.
+void RequireNoLogin(const Place& place);
+
 // Asks for the password when there is a user and it is given nowhere. Throws ToolError when something is too
 // long or cannot be read.
-tagDBCONNECT Parameters(const std::string& source, const Login& login);
+tagDBCONNECT Parameters(const std::string& source, const Login& login, const PasswordOf& whose = {});
 
 // For a folder: makes this process see the data source in it instead of the machine's. Throws ToolError when
 // there is no practice in it, and as Parameters does.

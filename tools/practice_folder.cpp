@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -21,21 +22,19 @@ namespace fs = std::filesystem;
 constexpr const char* kDriverSection = "KyODBC SQLite";
 constexpr const char* kDatabaseKey = "Database=";
 
-// Options the library relies on: plain column names, dates as texts that literals match, keys of 32 bits.
-// The rest: wait for other writers, and commit fast but safely.
+// What the library relies on: plain column names, dates as texts that literals match, keys of 32 bits. The
+// rest: wait for other writers, and commit fast but safely.
+constexpr std::array kOptions = {"LongNames=0",  "JDConv=0",          "BigInt=0",
+                                 "Timeout=5000", "SyncPragma=NORMAL", "JournalMode=WAL"};
+
 std::string SourcesText(const fs::path& database) {
   return fmt::format(
       "[{}]\n"
       "Description=Practice database of KyODBC\n"
       "Driver={}\n"
       "{}{}\n"
-      "LongNames=0\n"
-      "JDConv=0\n"
-      "BigInt=0\n"
-      "Timeout=5000\n"
-      "SyncPragma=NORMAL\n"
-      "JournalMode=WAL\n",
-      kDataSource, kDriverSection, kDatabaseKey, database.string());
+      "{}\n",
+      kDataSource, kDriverSection, kDatabaseKey, database.string(), fmt::join(kOptions, "\n"));
 }
 
 std::string DriversText(const std::string& driver) {
@@ -113,7 +112,9 @@ std::string PracticeFolder::DatabaseNamedInSources() const {
   return {};
 }
 
-void PracticeFolder::UseForThisProcess() const {
+std::string PracticeFolder::ConnectText() const { return SqliteConnectText(Database()); }
+
+void PracticeFolder::RequirePractice() const {
   for (const fs::path& file : {Database(), Sources(), Drivers()}) {
     if (!fs::exists(file)) {
       throw ToolError(kFailed,
@@ -127,6 +128,21 @@ void PracticeFolder::UseForThisProcess() const {
     throw ToolError(kFailed, fmt::format("{} names the database {} instead of {}; correct the line {}...",
                                          Sources().string(), named, Database().string(), kDatabaseKey));
   }
+}
+
+void PracticeFolder::UseForThisProcess() const {
+  RequirePractice();
   setenv("ODBCINI", Sources().c_str(), 1);
   setenv("ODBCSYSINI", m_folder.c_str(), 1);
+}
+
+// The driver knows no braces around values.
+std::string SqliteConnectText(const fs::path& file) {
+  if (file.string().find_first_of(";{}") != std::string::npos) {
+    throw ToolError(
+        kFailed,
+        fmt::format("{}: a name with ';' or a brace cannot be used here; rename the folder", file.string()));
+  }
+  return fmt::format("Driver={};Database={};{};NoCreat=1", FindSqliteDriver(), file.string(),
+                     fmt::join(kOptions, ";"));
 }

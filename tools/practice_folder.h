@@ -22,8 +22,15 @@ class PracticeFolder {
   // which stays as it is, and when something cannot be made; nothing half made is left behind then.
   void Create() const;
 
-  // Makes this process see the folder's data source instead of the machine's. Throws ToolError when there is
-  // no practice in the folder, or it was moved here and its odbc.ini still names the old place.
+  // Throws ToolError when there is no practice in the folder, or it was moved here and its odbc.ini still
+  // names the old place.
+  void RequirePractice() const;
+
+  // A connection string for the database that needs no data source.
+  std::string ConnectText() const;
+
+  // Makes this process see the folder's data source instead of the machine's. Throws as
+  // RequirePractice does.
   void UseForThisProcess() const;
 
  private:
@@ -32,5 +39,9 @@ class PracticeFolder {
 
   std::filesystem::path m_folder;
 };
+
+// A connection string for a database file of SQLite, with the options that the library relies on. Throws
+// ToolError when its name has a character that such a string cannot hold.
+std::string SqliteConnectText(const std::filesystem::path& file);
 
 #endif

@@ -19,6 +19,11 @@ WORD ByKey(void* record) {
   return Call(static_cast<Record*>(record));
 }
 
+template <class Record, WORD (*Call)(Record*, DWORD)>
+WORD Edit(void* record, DWORD mask) {
+  return Call(static_cast<Record*>(record), mask);
+}
+
 // The fields each table can be filtered and sorted by. The images' unit is left out: the library asks for a
 // column there that no database has.
 constexpr int kConfigFields[] = {KYODBC_FIELD_KEY, KYODBC_FIELD_DOCTOR_KEY, KYODBC_FIELD_STATION_KEY,
@@ -51,37 +56,48 @@ constexpr int kUnitFields[] = {KYODBC_FIELD_KEY, KYODBC_FIELD_NAME, KYODBC_FIELD
 const Table kTables[] = {
     {"patients", "patient", "pat", &kPatientColumns, kPatientFields,
      DB_OpenTPat, DB_CloseTPat, DB_SetTPatFilter, DB_SetTPatSortIndex, DB_GetTPatMaxPos,
-     ByPos<tagTPATIENT, DB_GetTPatByPos>, ByKey<tagTPATIENT, DB_GetTPat>},
+     ByPos<tagTPATIENT, DB_GetTPatByPos>, ByKey<tagTPATIENT, DB_GetTPat>,
+     Edit<tagTPATIENT, DB_EditSelTPat>},
     {"patients-doctor", "patient-doctor", "patex", &kPatientDoctorColumns, kPatientDoctorFields,
      DB_OpenPatEx, DB_ClosePatEx, DB_SetPatExFilter, DB_SetPatExSortIndex, DB_GetPatExMaxPos,
-     ByPos<tagTPATIENTEX, DB_GetPatExByPos>, ByKey<tagTPATIENTEX, DB_GetPatEx>},
+     ByPos<tagTPATIENTEX, DB_GetPatExByPos>, ByKey<tagTPATIENTEX, DB_GetPatEx>,
+     nullptr},
     {"doctors", "doctor", "dr", &kDoctorColumns, kDoctorFields,
      DB_OpenTDr, DB_CloseTDr, DB_SetTDrFilter, DB_SetTDrSortIndex, DB_GetTDrMaxPos,
-     ByPos<tagTDOCTOR, DB_GetTDrByPos>, ByKey<tagTDOCTOR, DB_GetTDr>},
+     ByPos<tagTDOCTOR, DB_GetTDrByPos>, ByKey<tagTDOCTOR, DB_GetTDr>,
+     Edit<tagTDOCTOR, DB_EditSelTDr>},
     {"images", "image", "img", &kImageColumns, kImageFields,
      DB_OpenTImg, DB_CloseTImg, DB_SetTImgFilter, DB_SetTImgSortIndex, DB_GetTImgMaxPos,
-     ByPos<tagTIMAGE, DB_GetTImgByPos>, ByKey<tagTIMAGE, DB_GetTImg>},
+     ByPos<tagTIMAGE, DB_GetTImgByPos>, ByKey<tagTIMAGE, DB_GetTImg>,
+     Edit<tagTIMAGE, DB_EditSelTImg>},
     {"makros", "makro", "mak", &kMakroColumns, kMakroFields,
      DB_OpenTMak, DB_CloseTMak, DB_SetTMakFilter, DB_SetTMakSortIndex, DB_GetTMakMaxPos,
-     ByPos<tagTMAKRO, DB_GetTMakByPos>, ByKey<tagTMAKRO, DB_GetTMak>},
+     ByPos<tagTMAKRO, DB_GetTMakByPos>, ByKey<tagTMAKRO, DB_GetTMak>,
+     Edit<tagTMAKRO, DB_EditSelTMak>},
     {"groups", "group", "grp", &kGroupColumns, kGroupFields,
      DB_OpenTGrp, DB_CloseTGrp, DB_SetTGrpFilter, DB_SetTGrpSortIndex, DB_GetTGrpMaxPos,
-     ByPos<tagTGROUP, DB_GetTGrpByPos>, ByKey<tagTGROUP, DB_GetTGrp>},
+     ByPos<tagTGROUP, DB_GetTGrpByPos>, ByKey<tagTGROUP, DB_GetTGrp>,
+     Edit<tagTGROUP, DB_EditSelTGrp>},
     {"diagnoses", "diagnosis", "diag", &kDiagnosisColumns, kDiagnosisFields,
      DB_OpenTDiag, DB_CloseTDiag, DB_SetTDiagFilter, DB_SetTDiagSortIndex, DB_GetTDiagMaxPos,
-     ByPos<tagTDIAGNOSIS, DB_GetTDiagByPos>, ByKey<tagTDIAGNOSIS, DB_GetTDiag>},
+     ByPos<tagTDIAGNOSIS, DB_GetTDiagByPos>, ByKey<tagTDIAGNOSIS, DB_GetTDiag>,
+     Edit<tagTDIAGNOSIS, DB_EditSelTDiag>},
     {"stations", "station", "stat", &kStationColumns, kStationFields,
      DB_OpenTStat, DB_CloseTStat, DB_SetTStatFilter, DB_SetTStatSortIndex, DB_GetTStatMaxPos,
-     ByPos<tagTSTATION, DB_GetTStatByPos>, ByKey<tagTSTATION, DB_GetTStat>},
+     ByPos<tagTSTATION, DB_GetTStatByPos>, ByKey<tagTSTATION, DB_GetTStat>,
+     Edit<tagTSTATION, DB_EditSelTStat>},
     {"units", "unit", "unit", &kUnitColumns, kUnitFields,
      DB_OpenTUnit, DB_CloseTUnit, DB_SetTUnitFilter, DB_SetTUnitSortIndex, DB_GetTUnitMaxPos,
-     ByPos<tagTUNIT, DB_GetTUnitByPos>, ByKey<tagTUNIT, DB_GetTUnit>},
+     ByPos<tagTUNIT, DB_GetTUnitByPos>, ByKey<tagTUNIT, DB_GetTUnit>,
+     Edit<tagTUNIT, DB_EditSelTUnit>},
     {"tests", "test", "tst", &kTestColumns, kTestFields,
      DB_OpenTTest, DB_CloseTTest, DB_SetTTestFilter, DB_SetTTestSortIndex, DB_GetTTestMaxPos,
-     ByPos<tagTTEST, DB_GetTTestByPos>, ByKey<tagTTEST, DB_GetTTest>},
+     ByPos<tagTTEST, DB_GetTTestByPos>, ByKey<tagTTEST, DB_GetTTest>,
+     Edit<tagTTEST, DB_EditSelTTest>},
     {"settings", "setting", "cfg", &kConfigColumns, kConfigFields,
      DB_OpenTCfg, DB_CloseTCfg, DB_SetTCfgFilter, DB_SetTCfgSortIndex, DB_GetTCfgMaxPos,
-     ByPos<tagTCONFIG, DB_GetTCfgByPos>, ByKey<tagTCONFIG, DB_GetTCfg>},
+     ByPos<tagTCONFIG, DB_GetTCfgByPos>, ByKey<tagTCONFIG, DB_GetTCfg>,
+     Edit<tagTCONFIG, DB_EditSelTCfg>},
 };
 // clang-format on
 
@@ -92,6 +108,8 @@ std::string Names(const char* Table::*name) {
 }
 
 }  // namespace
+
+std::span<const Table> Tables() { return kTables; }
 
 const Table& FindTable(std::string_view name) {
   for (const Table& table : kTables) {

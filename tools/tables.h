@@ -13,13 +13,15 @@
 
 enum class Format { kKey, kWord, kText, kDate, kTime };
 
-// One field of a plain record. `listed`: short and telling enough for a list.
+// One field of a plain record. `listed`: short and telling enough for a list. `mask`: its bit in the masks of
+// edits; 0 when it cannot be changed.
 struct Column {
   const char* title;
   Format format;
   std::size_t offset;
   std::size_t width;
   bool listed;
+  DWORD mask;
 };
 
 // A table's columns, in record order but for keys of other tables, which come last.
@@ -53,7 +55,11 @@ struct Table {
   WORD (*count)(LONG*);
   WORD (*get_by_pos)(LONG, void* record);
   WORD (*get)(void* record);
+  WORD (*edit)(void* record, DWORD mask);  // null for the joined view
 };
+
+// All of them.
+std::span<const Table> Tables();
 
 // By any of its names. Throws ToolError with the exit code for usage, naming the tables there are.
 const Table& FindTable(std::string_view name);

@@ -134,14 +134,15 @@ std::string TextTable::Line(const std::vector<std::string>& cells) const {
   return line + '\n';
 }
 
-std::string TextTable::Text() const {
+std::string TextTable::Text(bool bold) const {
   std::vector<std::string> titles;
   std::vector<std::string> rules;
   for (std::size_t i = 0; i < m_columns.size(); ++i) {
     titles.push_back(m_columns[i].title);
     rules.emplace_back(m_widths[i], '-');
   }
-  std::string text = Line(titles) + Line(rules);
+  std::string text = bold ? "\x1b[1m" + Line(titles) + "\x1b[0m" : Line(titles);
+  text += Line(rules);
   for (const std::vector<std::string>& row : m_rows) text += Line(row);
   return text;
 }

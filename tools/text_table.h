@@ -30,8 +30,9 @@ class TextTable {
 
   // Takes one cell for each column.
   void Add(const std::vector<std::string>& cells);
-  // Titles, a rule and the rows; each line ends with a line end and without blanks before it.
-  std::string Text() const;
+  // Titles, a rule and the rows; each line ends with a line end and without blanks before it. With `bold`,
+  // for terminals, the titles stand out.
+  std::string Text(bool bold = false) const;
 
  private:
   std::string Line(const std::vector<std::string>& cells) const;

@@ -9,8 +9,12 @@
 
 enum ExitCode {
   kDone = 0,
-  kFailed = 1,  // not found, refused, or a result code of the library; the message says which
-  kUsage = 2,   // the command line makes no sense
+  kFailed = 1,         // not found, refused, or a result code of the library; the message says which
+  kUsage = 2,          // the command line makes no sense
+  kDiffers = 3,        // two sides that must be equal are not
+  kDeclined = 4,       // a question was not answered with yes, and nothing was changed
+  kInterrupted = 130,  // ended by Ctrl-C (SIGINT), as shells tell it
+  kTerminated = 143,   // ended by SIGTERM
 };
 
 // Ends the program with a message.

@@ -11,8 +11,14 @@ using Action = std::function<void()>;
 void AddInit(CLI::App& program, Action& run);
 void AddSample(CLI::App& program, Action& run);
 void AddImport(CLI::App& program, Action& run);
+void AddExport(CLI::App& program, Action& run);
 void AddList(CLI::App& program, Action& run);
 void AddShow(CLI::App& program, Action& run);
+void AddEdit(CLI::App& program, Action& run);
+void AddBackup(CLI::App& program, Action& run);
+void AddRestore(CLI::App& program, Action& run);
+void AddCopy(CLI::App& program, Action& run);
+void AddBench(CLI::App& program, Action& run);
 void AddDoctor(CLI::App& program, Action& run);
 void AddShell(CLI::App& program, Action& run);
 void AddSettings(CLI::App& program, Action& run);  // "set" and "get"

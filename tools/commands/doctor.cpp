@@ -5,6 +5,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "tools/commands/commands.h"
 #include "tools/doctor/findings.h"
@@ -12,21 +13,30 @@
 #include "tools/doctor/schema.h"
 #include "tools/doctor/session.h"
 #include "tools/doctor/source.h"
+#include "tools/output.h"
 #include "tools/place.h"
+#include "tools/terminal.h"
 #include "tools/tool_error.h"
 
 namespace {
+
+using Facts = std::vector<std::string>;
 
 struct DoctorOptions {
   std::string source;
   Login login;
 };
 
-void PrintFacts(CDatabase& database) {
+Facts FactsOf(CDatabase& database) {
+  Facts found;
   std::istringstream facts(database.DescribeDriver().GetString());
   for (std::string fact; std::getline(facts, fact, ';');) {
-    fmt::print("{}\n", fact.starts_with(' ') ? fact.substr(1) : fact);
+    found.push_back(fact.starts_with(' ') ? fact.substr(1) : fact);
   }
+  double version = 0;
+  DB_GetDBVersion(&version);
+  found.push_back(fmt::format("schema version {:.1f}", version));
+  return found;
 }
 
 void CheckAbilities(CDatabase& database, Findings& findings) {
@@ -54,37 +64,51 @@ bool MayConnect(const Source& source, Findings& findings) {
   return false;
 }
 
-void CheckDatabase(const DoctorOptions& options, const Source& source, Findings& findings) {
+Facts CheckDatabase(const DoctorOptions& options, const Source& source, Findings& findings) {
   const tagDBCONNECT parameters = Parameters(options.source, options.login);
-  if (!MayConnect(source, findings)) return;
+  if (!MayConnect(source, findings)) return {};
   const WORD code = DB_InitDatabase(&parameters);
   if (code != KYODBC_OK) {
     findings.Add(fmt::format("connecting failed: {} (code {})", MeaningOf(code), code),
                  "run this again with KYODBC_LOG=error to see what the driver says");
-    return;
+    return {};
   }
   CDatabase& database = *DB_GetDatabase();
-  PrintFacts(database);
+  const Facts facts = FactsOf(database);
   CheckAbilities(database, findings);
   CheckPractice(database, options.login.owner, findings);
   CheckEncoding(database, source, findings);
   CheckEncryption(database, source, findings);
   CheckSchema(database, options.login.owner, findings);
   DB_CloseDatabase();
+  return facts;
+}
+
+void Print(const Facts& facts, const Findings& findings) {
+  for (const std::string& fact : facts) fmt::print("{}\n", fact);
+  int number = 0;
+  for (const std::string& sentence : findings.Sentences()) {
+    fmt::print("{} {}\n", Coloured(stdout, Look::kBad, fmt::format("{}.", ++number)), sentence);
+  }
+  if (findings.Empty()) fmt::print("{}\n", Coloured(stdout, Look::kGood, "All is well."));
 }
 
 void Examine(const DoctorOptions& options) {
   Findings findings;
   const Source source = FindSource(options.source);
   CheckSource(source, findings);
-  CheckDatabase(options, source, findings);
-  int number = 0;
-  for (const std::string& sentence : findings.Sentences()) fmt::print("{}. {}\n", ++number, sentence);
-  if (findings.Empty()) {
-    fmt::print("All is well.\n");
+  const Facts facts = CheckDatabase(options, source, findings);
+  const std::size_t number = findings.Sentences().size();
+  if (AsJson()) {
+    PrintJson({
+        {"source",   options.source      },
+        {"facts",    facts               },
+        {"findings", findings.Sentences()}
+    });
   } else {
-    throw ToolError(kFailed, fmt::format("{} finding{}", number, number == 1 ? "" : "s"));
+    Print(facts, findings);
   }
+  if (number > 0) throw ToolError(kFailed, fmt::format("{} finding{}", number, number == 1 ? "" : "s"));
 }
 
 }  // namespace
@@ -94,5 +118,6 @@ void AddDoctor(CLI::App& program, Action& run) {
   const auto options = std::make_shared<DoctorOptions>();
   command->add_option("DSN", options->source, "The data source, as odbc.ini names it")->required();
   AddLogin(*command, options->login);
+  AddJson(*command);
   command->callback([options, &run] { run = [options] { Examine(*options); }; });
 }

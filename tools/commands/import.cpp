@@ -12,6 +12,8 @@
 #include "tools/commands/commands.h"
 #include "tools/commands/import_rows.h"
 #include "tools/connection.h"
+#include "tools/interruption.h"
+#include "tools/output.h"
 #include "tools/progress.h"
 #include "tools/text_table.h"
 #include "tools/tool_error.h"
@@ -70,19 +72,43 @@ void Print(const ImportKind& kind, const std::string& file, const Report& report
     fmt::print("  {}:{}: {}\n", file, row.line, Printable(row.reason));
 }
 
+Json AsJsonObject(const ImportKind& kind, const std::string& file, const Report& report) {
+  Json rejected = Json::array();
+  for (const Rejected& row : report.rejected)
+    rejected.push_back({
+        {"line",   row.line  },
+        {"reason", row.reason}
+    });
+  return {
+      {"what",      kind.what       },
+      {"file",      file            },
+      {"added",     report.added    },
+      {"updated",   report.updated  },
+      {"texts_cut", report.texts_cut},
+      {"rejected",  rejected        }
+  };
+}
+
 void Import(const ImportOptions& options) {
+  const Interruption interruption;
   if (std::all_of(options.files.begin(), options.files.end(),
                   [](const std::string& file) { return file.empty(); })) {
     throw ToolError(kUsage, "no file to import: give --doctors, --patients or --images");
   }
   const Connection connection(options.place);
   std::size_t rejected = 0;
+  Json files = Json::array();
   for (std::size_t i = 0; i < options.files.size(); ++i) {
     if (options.files[i].empty()) continue;
     const Report report = ImportFile(ImportKinds()[i], options.files[i]);
-    Print(ImportKinds()[i], options.files[i], report);
+    if (AsJson()) {
+      files.push_back(AsJsonObject(ImportKinds()[i], options.files[i], report));
+    } else {
+      Print(ImportKinds()[i], options.files[i], report);
+    }
     rejected += report.rejected.size();
   }
+  if (AsJson()) PrintJson(files);
   if (rejected > 0) throw ToolError(kFailed, fmt::format("{} lines were rejected", rejected));
 }
 
@@ -104,6 +130,7 @@ void AddImport(CLI::App& program, Action& run) {
                      fmt::format("With the columns {}", fmt::join(kind.columns, ", ")))
         ->type_name("FILE");
   }
+  AddJson(*command);
   command->footer(kFooter);
   command->callback([options, &run] { run = [options] { Import(*options); }; });
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tools/commands/commands.h"
+#include "tools/output.h"
 #include "tools/practice_folder.h"
 
 namespace {
@@ -22,6 +23,13 @@ std::string Quoted(const std::string& text) {
 void Init(const std::string& name) {
   const PracticeFolder folder(name);
   folder.Create();
+  if (AsJson()) {
+    return PrintJson({
+        {"folder",      folder.Folder().string()                                                          },
+        {"data_source", kDataSource                                                                       },
+        {"environment", {{"ODBCSYSINI", folder.Folder().string()}, {"ODBCINI", folder.Sources().string()}}}
+    });
+  }
   fmt::print(
       "Made an empty practice in {0}.\n"
       "\n"
@@ -42,5 +50,6 @@ void AddInit(CLI::App& program, Action& run) {
   CLI::App* command = program.add_subcommand("init", "Make an empty practice in a folder");
   const auto folder = std::make_shared<std::string>();
   command->add_option("DIR", *folder, "The folder; it is made when there is none")->required();
+  AddJson(*command);
   command->callback([folder, &run] { run = [folder] { Init(*folder); }; });
 }

@@ -6,9 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "tools/commands/browse.h"
 #include "tools/commands/commands.h"
 #include "tools/connection.h"
-#include "tools/tables.h"
+#include "tools/output.h"
+#include "tools/record_json.h"
+#include "tools/terminal.h"
 #include "tools/text_table.h"
 #include "tools/tool_error.h"
 
@@ -19,37 +22,28 @@ constexpr int kMostRows = 1'000'000;
 
 struct ListOptions {
   Place place;
-  std::string table;
-  std::vector<std::string> filters;
-  std::string sort = "key";
+  BrowseOptions browse;
   LONG page = 1;
   LONG rows = kUsualRows;
 };
 
-// What was asked for, in the library's words.
-struct Request {
-  Filter filter;
-  LONG sort = 0;
+// Where the page lies in all rows; first > last when there are none.
+struct Page {
+  LONG number = 0;
+  LONG pages = 0;
+  LONG first = 0;
+  LONG last = 0;
 };
 
-Request ReadRequest(const Table& table, const ListOptions& options) {
-  try {
-    return {ReadFilter(options.filters, table.fields), ReadSort(options.sort, table.fields)};
-  } catch (const WordsError& error) {
-    throw ToolError(kUsage, fmt::format("{}: {}", table.plural, error.what()));
+Page PageOf(const ListOptions& options, LONG count) {
+  Page page{options.page, std::max<LONG>(1, (count - 1) / options.rows + 1), 0, 0};
+  if (options.page > page.pages) {
+    throw ToolError(kFailed, fmt::format("there is no page {}; there are {} pages of {} rows", options.page,
+                                         page.pages, options.rows));
   }
-}
-
-// Filter and sort go to the closed set, so that it is read once only.
-void Open(const Table& table, const Request& request) {
-  const Filter& filter = request.filter;
-  if (filter.Fields() != 0) {
-    Check(table.set_filter(filter.Fields(), filter.Operators(), filter.ValuePointer(0),
-                           filter.ValuePointer(1), filter.ValuePointer(2), filter.ValuePointer(3)),
-          "filtering");
-  }
-  Check(table.set_sort(request.sort), "sorting");
-  Check(table.open(), fmt::format("opening the {}", table.plural));
+  page.first = (options.page - 1) * options.rows + 1;
+  page.last = std::min<LONG>(count, page.first + options.rows - 1);
+  return page;
 }
 
 TextTable EmptyTable(const Table& table) {
@@ -62,51 +56,50 @@ TextTable EmptyTable(const Table& table) {
   return TextTable(columns);
 }
 
-void AddRow(TextTable& text, const Table& table, LONG position) {
-  std::vector<char> record(table.data->record_size);
-  Check(table.get_by_pos(position, record.data()), fmt::format("reading row {}", position));
+std::vector<std::string> Cells(const Table& table, const void* record) {
   std::vector<std::string> cells;
   for (const Column& column : table.data->columns) {
-    if (column.listed) cells.push_back(FieldAsText(column, record.data()));
+    if (column.listed) cells.push_back(FieldAsText(column, record));
   }
-  text.Add(cells);
+  return cells;
 }
 
-void PrintPage(const Table& table, const ListOptions& options, LONG count) {
-  const LONG pages = std::max<LONG>(1, (count - 1) / options.rows + 1);
-  if (options.page > pages) {
-    throw ToolError(kFailed, fmt::format("there is no page {}; there are {} pages of {} rows", options.page,
-                                         pages, options.rows));
-  }
-  const LONG first = (options.page - 1) * options.rows + 1;
-  const LONG last = std::min<LONG>(count, first + options.rows - 1);
+void PrintPage(const Table& table, Rows& rows, const Page& page) {
   TextTable text = EmptyTable(table);
-  for (LONG position = first; position <= last; ++position) AddRow(text, table, position);
-  fmt::print("{}", text.Text());
-  if (count == 0) {
+  for (LONG position = page.first; position <= page.last; ++position)
+    text.Add(Cells(table, rows.At(position)));
+  fmt::print("{}", text.Text(ShowsColours(stdout)));
+  if (rows.Count() == 0) {
     fmt::print("no {}\n", table.plural);
   } else {
-    fmt::print("{} {} to {} of {}, page {} of {}\n", table.plural, first, last, count, options.page, pages);
+    fmt::print("{} {} to {} of {}, page {} of {}\n", table.plural, page.first, page.last, rows.Count(),
+               page.number, page.pages);
   }
+}
+
+void PrintPageAsJson(const Table& table, Rows& rows, const Page& page) {
+  Json list = Json::array();
+  for (LONG position = page.first; position <= page.last; ++position)
+    list.push_back(RecordAsJson(*table.data, rows.At(position)));
+  PrintJson({
+      {"table", table.plural},
+      {"count", rows.Count()},
+      {"page",  page.number },
+      {"pages", page.pages  },
+      {"rows",  list        }
+  });
 }
 
 void List(const ListOptions& options) {
-  const Table& table = FindTable(options.table);
-  const Request request = ReadRequest(table, options);
+  const Table& table = FindTable(options.browse.table);
+  const Request request = ReadRequest(table, options.browse);
   const Connection connection(options.place);
-  Open(table, request);
-  LONG count = 0;
-  Check(table.count(&count), fmt::format("counting the {}", table.plural));
-  PrintPage(table, options, count);
-  Check(table.close(), fmt::format("closing the {}", table.plural));
+  Rows rows(table, request);
+  const Page page = PageOf(options, rows.Count());
+  AsJson() ? PrintPageAsJson(table, rows, page) : PrintPage(table, rows, page);
 }
 
-constexpr const char* kFooter =
-    "A filter is FIELD OPERATOR VALUE, and up to three more behind 'and' or 'or'; 'and' binds stronger.\n"
-    "  operators: = <> < <= > >= like between; like knows % and _; between is for dates: between A and B\n"
-    "  values:    numbers; dates as 2001-05-06 or '2001-05-06 10:00:00'; texts, in quotes when they hold "
-    "blanks\n"
-    "A field that a table does not have is answered with a list of those it has.\n"
+constexpr const char* kExample =
     "\n"
     "  kyodbc list PRACTICE patients --filter \"name like M% and birthday >= 1960-01-01\" --sort "
     "name,-birthday\n";
@@ -117,18 +110,14 @@ void AddList(CLI::App& program, Action& run) {
   CLI::App* command = program.add_subcommand("list", "List a table, filtered and sorted, page by page");
   const auto options = std::make_shared<ListOptions>();
   AddPlace(*command, options->place);
-  command->add_option("TABLE", options->table, "What to list: " + PluralNames())->required();
-  command->add_option("--filter", options->filters, "Rows to list; several are joined by 'and'")
-      ->take_all()
-      ->allow_extra_args(false);
-  command->add_option("--sort", options->sort, "Fields to sort by, up to four; '-' before one: descending")
-      ->capture_default_str();
+  AddBrowse(*command, options->browse, "list");
   command->add_option("--page", options->page, "Which page")
       ->capture_default_str()
       ->check(CLI::PositiveNumber);
   command->add_option("--rows", options->rows, "Rows on a page")
       ->capture_default_str()
       ->check(CLI::Range(1, kMostRows));
-  command->footer(kFooter);
+  AddJson(*command);
+  command->footer(std::string(kFilterHelp) + kExample);
   command->callback([options, &run] { run = [options] { List(*options); }; });
 }

@@ -10,6 +10,8 @@
 
 #include "tools/commands/commands.h"
 #include "tools/connection.h"
+#include "tools/interruption.h"
+#include "tools/output.h"
 #include "tools/progress.h"
 #include "tools/sample/practice.h"
 #include "tools/tool_error.h"
@@ -173,13 +175,31 @@ void RequireEmptyPractice() {
   }
 }
 
+void PrintAsJson(const sample::Practice& practice, double seconds) {
+  PrintJson({
+      {"patients",  practice.Patients() },
+      {"images",    practice.Images()   },
+      {"makros",    practice.Makros()   },
+      {"groups",    practice.Groups()   },
+      {"diagnoses", practice.Diagnoses()},
+      {"tests",     practice.Tests()    },
+      {"doctors",   practice.Doctors()  },
+      {"units",     practice.Units()    },
+      {"stations",  practice.Stations() },
+      {"settings",  practice.Settings() },
+      {"seconds",   seconds             }
+  });
+}
+
 void Sample(const SampleOptions& options) {
+  const Interruption interruption;
   const Connection connection(options.place);
   RequireEmptyPractice();
   const auto start = std::chrono::steady_clock::now();
   const sample::Practice practice(options.seed, options.patients);
   Loader(practice).Load();
   const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+  if (AsJson()) return PrintAsJson(practice, taken.count());
   fmt::print(
       "Added {} patients, {} images, {} makros, {} groups, {} diagnoses, {} tests, {} doctors, {} units,\n"
       "{} stations and {} settings in {:.1f} seconds.\n",
@@ -199,5 +219,7 @@ void AddSample(CLI::App& program, Action& run) {
       ->check(CLI::Range(1, sample::kMostPatients));
   command->add_option("--seed", options->seed, "Another number makes another practice")
       ->capture_default_str();
+  AddJson(*command);
+  command->footer("Ctrl-C ends it; the practice then holds a part of the sample.\n");
   command->callback([options, &run] { run = [options] { Sample(*options); }; });
 }

@@ -7,6 +7,7 @@
 
 #include "tools/commands/commands.h"
 #include "tools/connection.h"
+#include "tools/output.h"
 #include "tools/record_text.h"
 #include "tools/tool_error.h"
 
@@ -41,12 +42,21 @@ void RequireStation(const std::string& name) {
   Check(DB_GetTStat(&station), fmt::format("looking for the station '{}'", name));
 }
 
+void PrintSetting(const SettingOptions& options, const std::string& value) {
+  PrintJson({
+      {"station", options.station},
+      {"key",     options.key    },
+      {"value",   value          }
+  });
+}
+
 void Set(const SettingOptions& options) {
   RequireFit(options);
   const Connection connection(options.place);
   RequireStation(options.station);
   Check(DB_WriteProfileString(options.key.c_str(), options.station.c_str(), options.value.c_str()),
         fmt::format("{} '{}'", options.value.empty() ? "removing" : "storing", options.key));
+  if (AsJson()) PrintSetting(options, options.value);
 }
 
 std::string Read(const SettingOptions& options, const char* default_text) {
@@ -68,7 +78,7 @@ void Get(const SettingOptions& options) {
     throw ToolError(kFailed,
                     fmt::format("the station '{}' has no setting '{}'", options.station, options.key));
   }
-  fmt::print("{}\n", value);
+  AsJson() ? PrintSetting(options, value) : fmt::print("{}\n", value);
 }
 
 CLI::App* AddCommand(CLI::App& program, SettingOptions& options, const char* name, const char* help) {
@@ -78,6 +88,7 @@ CLI::App* AddCommand(CLI::App& program, SettingOptions& options, const char* nam
       ->required();
   command->add_option("--station", options.station, "The station; '-' is for settings of them all")
       ->capture_default_str();
+  AddJson(*command);
   return command;
 }
 

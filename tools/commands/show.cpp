@@ -9,6 +9,8 @@
 
 #include "tools/commands/commands.h"
 #include "tools/connection.h"
+#include "tools/output.h"
+#include "tools/record_json.h"
 #include "tools/tables.h"
 #include "tools/text_table.h"
 #include "tools/tool_error.h"
@@ -40,6 +42,7 @@ void Show(const ShowOptions& options) {
   std::vector<char> record(table.data->record_size);
   std::memcpy(record.data(), &options.key, sizeof options.key);
   Check(table.get(record.data()), fmt::format("reading {} {}", table.singular, options.key));
+  if (AsJson()) return PrintJson(RecordAsJson(*table.data, record.data()));
   std::size_t width = 0;
   for (const Column& column : table.data->columns) width = std::max(width, std::strlen(column.title));
   for (const Column& column : table.data->columns) {
@@ -55,5 +58,6 @@ void AddShow(CLI::App& program, Action& run) {
   AddPlace(*command, options->place);
   command->add_option("TABLE", options->table, "What to show: " + SingularNames())->required();
   command->add_option("KEY", options->key, "Its key")->required()->check(CLI::PositiveNumber);
+  AddJson(*command);
   command->callback([options, &run] { run = [options] { Show(*options); }; });
 }

@@ -26,7 +26,6 @@ constexpr DefaultRow kDefaultRows[] = {
 void CheckVersion(Findings& findings) {
   double version = 0.0;
   DB_GetDBVersion(&version);
-  fmt::print("schema version {:.1f}\n", version);
   if (version >= kVersion) return;
   findings.Add(fmt::format("the schema version is {:.1f}, and most functions need {:.1f}", version, kVersion),
                "bring the schema up to date and set the setting DBVersion of the station '-'");

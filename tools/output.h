@@ -1,0 +1,26 @@
+// What every command can print instead of text: one JSON document on standard output.
+#ifndef KYODBC_TOOLS_OUTPUT_H
+#define KYODBC_TOOLS_OUTPUT_H
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "tools/tool_error.h"
+
+// Members stay in the order in which they were added.
+using Json = nlohmann::ordered_json;
+
+// The option --json of a command.
+void AddJson(CLI::App& command);
+// Whether it was given: then PrintJson is to be called once, and nothing else printed.
+bool AsJson();
+
+// The document and a line end. Bytes that are no UTF-8 become U+FFFD.
+void PrintJson(const Json& document);
+std::string JsonText(const Json& value, int indent = -1);
+
+// {"error": ...} unless the command has printed its document already.
+void PrintJsonError(ExitCode code, const std::string& message);
+
+#endif
