@@ -24,9 +24,9 @@ def _begins_section(line):
 
 
 def parse(name, text):
-    """Summary and usage, sections of entries two blanks in, and whatever stands behind them. An entry's text
-    stands behind its words, or on the next line when they are wide."""
-    help_text, section, footer = Help(name), None, []
+    """Summary and usage, sections of entries two blanks in with an empty line behind each, and whatever stands
+    behind them. An entry's text stands behind its words, or on the next line when they are wide."""
+    help_text, section, footer, before = Help(name), None, [], ""
     for line in text.rstrip().split("\n"):
         if _begins_section(line):
             section = help_text.sections.setdefault(line.strip("[]:"), [])
@@ -34,7 +34,7 @@ def parse(name, text):
             help_text.usage = line.removeprefix("Usage:").strip()
         elif section is None:
             help_text.summary = f"{help_text.summary} {line.strip()}".strip()
-        elif footer or (line and not line.startswith("  ")):
+        elif footer or (line and before == ""):
             footer.append(line)
         elif re.match(r"  \S", line):
             words, _, explained = line.strip().partition("  ")
@@ -42,6 +42,7 @@ def parse(name, text):
         elif line.strip():
             words, explained = section[-1]
             section[-1] = (words, f"{explained} {line.strip()}".strip())
+        before = line
     help_text.footer = "\n".join(footer).strip("\n")
     return help_text
 

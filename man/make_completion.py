@@ -51,7 +51,8 @@ def reply(words):
 def value_reply(words, text):
     if choices(words, text):
         return reply(choices(words, text))
-    return 'COMPREPLY=($(compgen -f -- "$current"))' if "FILE" in words or "file" in words else "COMPREPLY=()"
+    names_file = re.search(r"\bfile\b", f"{words} {text}", re.I)
+    return 'COMPREPLY=($(compgen -f -- "$current"))' if names_file else "COMPREPLY=()"
 
 
 def of_values(command):
