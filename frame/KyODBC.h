@@ -137,8 +137,8 @@ KYODBC_API WORD DB_WriteProfileInt(const char* key, const char* station, LONG va
 KYODBC_API WORD DB_OpenTDr(void);
 KYODBC_API WORD DB_OpenTStat(void);
 KYODBC_API WORD DB_OpenTUnit(void);
-/* First restores a lost connection, which closes all other browse sets; 3 when that fails, and the next call
- * tries again. */
+/* First restores a lost connection, which closes all other browse sets and takes the filters and sorts of all
+ * sets away, this one's too; 3 when that fails, and the next call tries again. */
 KYODBC_API WORD DB_OpenTPat(void);
 /* First restores a lost connection, which closes all other browse sets; 3 when that fails. */
 KYODBC_API WORD DB_OpenPatEx(void);
