@@ -140,7 +140,7 @@ KYODBC_API WORD DB_OpenTUnit(void);
 /* First restores a lost connection, which closes all other browse sets and takes the filters and sorts of all
  * sets away, this one's too; 3 when that fails, and the next call tries again. */
 KYODBC_API WORD DB_OpenTPat(void);
-/* First restores a lost connection, which closes all other browse sets; 3 when that fails. */
+/* First restores a lost connection, as DB_OpenTPat does. */
 KYODBC_API WORD DB_OpenPatEx(void);
 KYODBC_API WORD DB_OpenTImg(void);
 KYODBC_API WORD DB_OpenTMak(void);

@@ -316,10 +316,12 @@ class Settings(ToolCase):
 class CommandLine(ToolCase):
     def test_help_names_the_commands_and_the_exit_codes(self):
         output = self.done("--help")
-        for part in ("init", "sample", "import", "list", "show", "set", "get", "Exit codes: 0 done"):
+        for part in ("init", "sample", "import", "export", "list", "show", "edit", "set", "get", "backup",
+                     "restore", "copy", "bench", "doctor", "Exit codes: 0 done", "130 ended by Ctrl-C"):
             self.assertIn(part, output)
         self.assertIn("DIR", self.done("init", "--help"))
-        for command in ("sample", "import", "list", "show", "set", "get"):
+        for command in ("sample", "import", "export", "list", "show", "edit", "set", "get", "backup",
+                        "restore", "bench"):
             help_text = self.done(command, "--help")
             for part in ("PRACTICE", "dsn:NAME", "--user", "--password-file", "--owner"):
                 self.assertIn(part, help_text)
