@@ -21,7 +21,7 @@ struct Range {
 
 // What can be written, without the address space that a sanitizer keeps for itself.
 std::vector<Range> WritableRanges() {
-  constexpr std::uintptr_t kLargest = std::uintptr_t{1} << 32;
+  constexpr std::uintptr_t kLargest = std::uintptr_t{1} << 27;
   std::vector<Range> ranges;
   std::ifstream maps("/proc/self/maps");
   for (std::string line; std::getline(maps, line);) {
@@ -61,10 +61,18 @@ class Window {
     const iovec there{reinterpret_cast<void*>(first), size};  // NOLINT(performance-no-int-to-ptr)
     const ssize_t read = process_vm_readv(getpid(), &here, 1, &there, 1, 0);
     const std::size_t got = read < 0 ? 0 : static_cast<std::size_t>(read);
-    for (std::size_t at = 0; at + kHiddenLength <= got; ++at) {
-      if (IsHidden(m_bytes + at) && !IsOwn(first + at)) found->push_back(first + at);
+    const char* const end = m_bytes + got;
+    for (const char* at = Next(m_bytes, end); at != nullptr; at = Next(at + 1, end)) {
+      const std::uintptr_t address = first + static_cast<std::size_t>(at - m_bytes);
+      if (IsHidden(at) && !IsOwn(address)) found->push_back(address);
     }
     explicit_bzero(m_bytes, size);
+  }
+  // Where the text could begin next.
+  static const char* Next(const char* at, const char* end) {
+    if (end - at < static_cast<std::ptrdiff_t>(kHiddenLength)) return nullptr;
+    const std::size_t places = static_cast<std::size_t>(end - at) - kHiddenLength + 1;
+    return static_cast<const char*>(std::memchr(at, HiddenCharacter(0), places));
   }
   static bool IsHidden(const char* text) {
     std::size_t at = 0;
