@@ -14,6 +14,8 @@ class Interruption {
   Interruption& operator=(const Interruption&) = delete;
 
   static bool Came();
+  // Returns when standard input can be read or a signal came, whichever is first.
+  static void AwaitInput();
   // To be called wherever the work can end without damage: throws ToolError with the signal's exit code when
   // a signal came.
   static void Check();

@@ -33,7 +33,8 @@ std::string Typed(const std::string& whose) {
   tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
   std::fputs(("Password" + whose + ": ").c_str(), stderr);
   std::string line;
-  std::getline(std::cin, line);
+  Interruption::AwaitInput();
+  if (!Interruption::Came()) std::getline(std::cin, line);
   tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown);
   std::fputc('\n', stderr);
   Interruption::Check();

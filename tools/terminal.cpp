@@ -52,6 +52,8 @@ void Confirm(const std::string& question, bool yes) {
   std::fflush(stdout);
   fmt::print(stderr, "{} [y/N] ", question);
   std::string answer;
+  Interruption::AwaitInput();
+  Interruption::Check();
   std::getline(std::cin, answer);
   Interruption::Check();
   if (answer == "y" || answer == "Y" || answer == "yes") return;

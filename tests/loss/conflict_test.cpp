@@ -1,4 +1,5 @@
 // Two changes that wait for each other: the database ends one of them.
+#include <future>
 #include <thread>
 
 #include "tests/loss/loss_test_base.h"
@@ -37,18 +38,19 @@ TEST_F(Conflict, AnEditThatADeadlockEndsGives6AndLeavesNothingOfItsTransaction) 
   patient.lPatID = m_patient;
   support::SetText(patient.szFirstname, "Ours");
   ASSERT_EQ(DB_EditSelTPat(&patient, 1 << 6), 0);
-  std::thread waiting([&] {
+  auto waiting = std::async(std::launch::async, [&] {
     other.Exec("UPDATE TPatient SET tPatSFirstname = 'Theirs' WHERE tPatCulIntPatIDPk = " +
                std::to_string(m_patient));
   });
-  const std::string waits =
-      OnPostgresql() ? "SELECT COUNT(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock'"
-                     : "SELECT COUNT(*) FROM information_schema.innodb_trx WHERE trx_state = 'LOCK WAIT'";
+  const std::string waits = OnPostgresql()
+                                ? "SELECT COUNT(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock'"
+                                : "SELECT variable_value FROM information_schema.global_status "
+                                  "WHERE variable_name = 'Innodb_row_lock_current_waits'";
   while (Raw().Number(waits) == 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
   support::SetText(station.szName, "Ours");
   EXPECT_EQ(DB_EditSelTStat(&station, 1), 6);
   EXPECT_EQ(DB_RollbackTransaction(), 0);
-  waiting.join();
+  waiting.get();
   other.Exec("COMMIT");
 
   EXPECT_EQ(Raw().Count("TPatient", "tPatSFirstname = 'Theirs'"), 1);

@@ -14,7 +14,7 @@ import unittest
 SOURCE = pathlib.Path(os.environ["KYODBC_SOURCE"])
 sys.path.insert(0, str(SOURCE / "tests/tool"))
 
-from terminal import KEYS, TERM, Terminal  # noqa: E402
+from shell_terminal import KEYS, TERM, Terminal  # noqa: E402
 from tool_case import TOOL, ToolCase  # noqa: E402
 
 PATIENTS = 200

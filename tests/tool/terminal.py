@@ -14,6 +14,8 @@ class Terminal:
         self.shown = ""
         self.pid, self.master = pty.fork()
         if self.pid == 0:
+            # Tests that run in the background of a shell have it ignored, and programs inherit that.
+            signal.signal(signal.SIGINT, signal.SIG_DFL)
             os.execvpe(command[0], command, environment)
 
     def __enter__(self):

@@ -32,7 +32,15 @@ class Terminal:
         self.process = subprocess.Popen(
             command, stdin=self.slave, stdout=self.slave, stderr=self.slave if stderr is None else stderr,
             env={**(os.environ if environment is None else environment), "TERM": TERM},
-            start_new_session=True, preexec_fn=lambda: fcntl.ioctl(0, termios.TIOCSCTTY, 0))
+            start_new_session=True, preexec_fn=self._take_terminal)
+
+    @staticmethod
+    def _take_terminal():
+        """In the program before it begins. Tests that run in the background of a shell have these signals
+        ignored, and programs inherit that."""
+        for number in (signal.SIGINT, signal.SIGQUIT):
+            signal.signal(number, signal.SIG_DFL)
+        fcntl.ioctl(0, termios.TIOCSCTTY, 0)
 
     def __enter__(self):
         return self
