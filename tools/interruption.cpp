@@ -34,8 +34,8 @@ Interruption::~Interruption() {
   sigaction(SIGTERM, &m_terminate, nullptr);
 }
 
-// A signal between a look at `came` and the waiting would be noticed only when something is typed: they are held
-// back until the waiting has begun.
+// A signal between a look at `came` and the waiting would be noticed only when something is typed: they are
+// held back until the waiting has begun.
 void Interruption::AwaitInput() {
   sigset_t held;
   sigset_t before;
