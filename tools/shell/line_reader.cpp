@@ -29,11 +29,11 @@ EditLine* the_editor = nullptr;
 // libedit, which finds its owner by the pointer it was given. There is one.
 class Editing : public LineReader {
  public:
-  Editing(CompleteLine complete, const std::vector<std::string>& lines) : m_complete(std::move(complete)) {
+  Editing(CompleteLine complete, const std::vector<std::string>& lines)
+      : m_complete(std::move(complete)), m_history(history_init()) {
     constexpr int kLines = 1000;
     UseUtf8();
     the_editor = el_init("kyodbc", stdin, stdout, stderr);
-    m_history = history_init();
     HistEvent event{};
     history(m_history, &event, H_SETSIZE, kLines);
     history(m_history, &event, H_SETUNIQUE, 1);
@@ -86,7 +86,7 @@ class Editing : public LineReader {
   RestoreOnSignals m_restore;
   CompleteLine m_complete;
   std::string m_prompt;
-  ::History* m_history = nullptr;
+  ::History* m_history;
 };
 
 }  // namespace

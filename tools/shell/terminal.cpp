@@ -107,15 +107,20 @@ constexpr StyleRow kStyles[] = {
     {-1,           -1,         A_DIM,                            A_DIM                           },
 };
 
-}  // namespace
-
-Terminal::Terminal() {
+// Throws ToolError when the terminal is not known.
+SCREEN* NewScreen() {
   UseUtf8();
   set_escdelay(kEscapeMilliseconds);
-  m_screen = newterm(nullptr, stdout, stdin);
-  if (m_screen == nullptr) {
+  SCREEN* screen = newterm(nullptr, stdout, stdin);
+  if (screen == nullptr) {
     throw ToolError(kFailed, "this terminal cannot show full screens; --lines does without");
   }
+  return screen;
+}
+
+}  // namespace
+
+Terminal::Terminal() : m_screen(NewScreen()) {
   m_restore.SetFarewell(Farewell());
   m_restore.Take();
   cbreak();

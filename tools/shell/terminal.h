@@ -41,7 +41,7 @@ class Terminal {
 
   HeldErrors m_errors;
   RestoreOnSignals m_restore;
-  void* m_screen = nullptr;
+  void* m_screen;  // what ncurses knows of it
   bool m_colours = false;
 };
 
