@@ -39,8 +39,9 @@ class NodeLoss : public testing::Test {
  protected:
   void SetUp() override {
     m_source = support::OdbcHome::FreshName();
-    m_options = TheCluster().Source(CurrentKind().SourceOptions(m_practice.Database()));
-    support::OdbcHome::Hold()->AddSource(m_source, CurrentKind().DriverName(), m_options);
+    support::OdbcHome::Hold()->AddSource(
+        m_source, CurrentKind().DriverName(),
+        TheCluster().Source(CurrentKind().SourceOptions(m_practice.Database())));
     ASSERT_EQ(Connect(), 0);
     tagTPATIENT patient{};
     patient.lDrID = 1;
@@ -144,7 +145,6 @@ class NodeLoss : public testing::Test {
 
   support::Practice m_practice;
   std::string m_source;
-  support::Options m_options;
   LONG m_patient = 0;
   int m_edits = 0;
 };
