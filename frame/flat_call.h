@@ -189,13 +189,16 @@ WORD Number(const void* connected, LONG* out, Call call, const char* function = 
   return CodeWith(connected, out, count, function);
 }
 
-// All rows of the table, through a set of its own. A null pointer asks for nothing, which is 0.
+// All rows of the table. A null pointer asks for nothing, which is 0.
 template <class Set>
-WORD Num(const Set* set, LONG* count, const char* function = __builtin_FUNCTION()) {
+WORD Num(Set* set, LONG* count, const char* function = __builtin_FUNCTION()) {
   if (set != nullptr && count == nullptr) return kOk;
-  return Number(
-      set, count, [&](LONG* number) { return Set(set->m_pDatabase, set->m_strOwner).GetNum(number); },
-      function);
+  const auto read = [&](LONG* number) {
+    // With an owner a set counts by reading its own rows.
+    return set->m_strOwner.IsEmpty() ? set->GetNum(number)
+                                     : Set(set->m_pDatabase, set->m_strOwner).GetNum(number);
+  };
+  return Number(set, count, read, function);
 }
 
 // The newest key, through a set of its own.

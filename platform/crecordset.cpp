@@ -1,5 +1,8 @@
 #include "platform/crecordset.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "platform/buffered_rows.h"
 #include "platform/dialect.h"
 #include "platform/kept_statements.h"
@@ -17,9 +20,11 @@ constexpr const char* kNoRows = "1 = 2";  // as sets that are opened to add a ro
 
 // The name in a FROM list of exactly one table without an alias; else empty.
 CString SingleTable(const CString& from) {
-  CString name = from;
-  name.Trim();
-  return name.FindOneOf(" ,\t\r\n(") < 0 ? name : CString();
+  constexpr std::string_view kBlanks = " \t\n\v\f\r";
+  std::string_view name = from.View();
+  name.remove_prefix(std::min(name.find_first_not_of(kBlanks), name.size()));
+  name = name.substr(0, name.find_last_not_of(kBlanks) + 1);
+  return name.find_first_of(" ,\t\r\n(") == std::string_view::npos ? CString(std::string(name)) : CString();
 }
 
 // The table of a SELECT over one table; empty for joins and groupings.
@@ -56,7 +61,6 @@ CRecordset::CRecordset(CDatabase* database)
       m_fields(std::make_unique<RowFields>()),
       m_pOpenDatabase(nullptr),
       m_pRowKey(nullptr),
-      m_query(std::make_unique<RowQuery>()),
       m_holding(wholeRows),
       m_mode(noMode),
       m_bDeleted(FALSE),
@@ -99,7 +103,10 @@ void CRecordset::ThrowDBException(RETCODE code, HSTMT statement) {
                       statement == SQL_NULL_HSTMT && m_rows != nullptr ? m_rows->Handle() : statement);
 }
 
-const CString& CRecordset::GetSQL() const { return m_query->Whole(); }
+const CString& CRecordset::GetSQL() const {
+  static const CString no_query;
+  return m_query == nullptr ? no_query : m_query->Whole();
+}
 
 void CRecordset::HoldRows(Holding holding, const CString& join) {
   if (WorksPlainly()) return;
@@ -129,26 +136,31 @@ void CRecordset::TakeSource(const CString& source) {
 }
 
 void CRecordset::BuildQuery() {
-  RowQuery query;
-  query.direct = (m_dwOptions & executeDirect) != 0;
+  auto query = std::make_unique<RowQuery>();
+  query->direct = (m_dwOptions & executeDirect) != 0;
   if (IsCall(m_strSource)) {
-    query.sql = m_pOpenDatabase->AdaptSQL(m_strSource);
+    query->sql = m_pOpenDatabase->AdaptSQL(m_strSource);
   } else {
     const bool whole = IsSelect(m_strSource);
-    query.select = whole ? m_strSource : m_fields->Select();
+    query->select = whole ? m_strSource : m_fields->Select();
     // A SELECT given whole may have its condition in it.
-    const int where = whole ? query.select.Find(kWhere) : -1;
+    const int where = whole ? query->select.Find(kWhere) : -1;
     if (where >= 0) {
-      query.condition = PadYears(query.select.Mid(where));
-      query.select = query.select.Left(where);
+      query->condition = PadYears(query->select.Mid(where));
+      query->select = query->select.Left(where);
     }
-    if (!m_strFilter.IsEmpty()) query.condition += PadYears(kWhere + m_strFilter);
-    if (!m_strSort.IsEmpty()) query.order = kOrderBy + m_strSort;
+    if (!m_strFilter.IsEmpty()) {
+      CString filter = PadYears(kWhere + m_strFilter);
+      query->condition = where >= 0 ? query->condition + filter : std::move(filter);
+    }
+    if (!m_strSort.IsEmpty()) query->order = kOrderBy + m_strSort;
   }
-  if (const Field* key = m_fields->Find(m_pRowKey)) query.key = key->name;
-  query.tables = m_strSource;
-  query.join = m_strJoin;
-  *m_query = std::move(query);
+  if (m_holding == keysOnly) {
+    if (const Field* key = m_fields->Find(m_pRowKey)) query->key = key->name;
+    query->tables = m_strSource;
+    query->join = m_strJoin;
+  }
+  m_query = std::move(query);
 }
 
 // Before the query runs, since that is what decides which rows there are.
@@ -230,6 +242,7 @@ void CRecordset::RunQuery() {
   if (m_strFilter == kNoRows && m_holding != wholeRows && !m_query->select.IsEmpty() &&
       m_pOpenDatabase->Statements().FindShape(m_query->select) != nullptr) {
     m_rows->ExecuteNothing();
+    m_hstmt = SQL_NULL_HSTMT;
     return;
   }
   const RETCODE code = m_rows->Execute(*m_query);
@@ -251,6 +264,7 @@ void CRecordset::DescribeColumns() {
     DescribeResult();
     statements.KeepShape(m_query->select, m_fields->Shape(m_nResultCols, statements.State()));
   }
+  if (m_hstmt == SQL_NULL_HSTMT) return;  // nothing was asked, so that nothing will come
   const RETCODE code = m_fields->Bind(*m_rows, m_holding != fewRows);
   if (!odbc::Succeeded(code)) ThrowDBException(code);
   if (m_fields->AllAreBuffered(m_nResultCols)) m_rows->EveryColumnIsBound();

@@ -9,12 +9,9 @@ namespace {
 
 constexpr LONG kSeveral = 2;
 
-CString Where(const CString& condition) { return " WHERE " + condition; }
+constexpr std::size_t kUsualStatement = 1024;  // bytes of a change of all fields
 
-void AppendWithComma(CString& list, const CString& item) {
-  if (!list.IsEmpty()) list += ",";
-  list += item;
-}
+CString Where(const CString& condition) { return " WHERE " + condition; }
 
 }  // namespace
 
@@ -50,7 +47,7 @@ BOOL CRecordset::Update() {
   if (!m_fields->MarkDirty(m_mode == addMode)) return FALSE;
   for (const Field& field : m_fields->All()) {
     if (!field.dirty || field.kind != FieldKind::kDate) continue;
-    const TIMESTAMP_STRUCT time = ReadMember(field.kind, field.member).time;
+    const TIMESTAMP_STRUCT& time = *static_cast<const TIMESTAMP_STRUCT*>(field.member);
     // One database would store such a date as rubbish; here it is refused on all of them.
     if (!IsAllZero(time) && !IsStorableDate(time)) ThrowDBException(AFX_SQL_ERROR_IMPOSSIBLE_DATE);
   }
@@ -65,29 +62,38 @@ BOOL CRecordset::Update() {
 }
 
 void CRecordset::InsertRow() {
-  CString columns;
-  CString marks;
+  std::string sql;
+  sql.reserve(kUsualStatement);
+  sql.append("INSERT INTO ").append(m_strTableName.View()).append(" (");
   std::vector<odbc::Parameter> parameters;
+  parameters.reserve(m_fields->Count());
   for (const Field& field : m_fields->All()) {
     if (!field.dirty) continue;
-    AppendWithComma(columns, field.name);
-    AppendWithComma(marks, "?");
+    if (!parameters.empty()) sql += ',';
+    sql += field.name.View();
     parameters.push_back(m_fields->MakeParameter(field, m_fields->Written(field)));
   }
+  sql += ") VALUES (";
+  for (std::size_t mark = 0; mark < parameters.size(); ++mark) sql += mark == 0 ? "?" : ",?";
+  sql += ')';
   // The driver's row count says nothing here: it is 0 for a view with triggers.
-  RunChange("INSERT INTO " + m_strTableName + " (" + columns + ") VALUES (" + marks + ")", parameters);
+  RunChange(CString(std::move(sql)), parameters);
   ++m_lRecordCount;
 }
 
 void CRecordset::UpdateRow() {
-  CString assignments;
+  std::string sql;
+  sql.reserve(kUsualStatement);
+  sql.append("UPDATE ").append(m_strTableName.View()).append(" SET ");
   std::vector<odbc::Parameter> parameters;
+  parameters.reserve(m_fields->Count() + 1);
   for (const Field& field : m_fields->All()) {
     if (!field.dirty) continue;
-    AppendWithComma(assignments, field.name + "=?");
+    if (!parameters.empty()) sql += ',';
+    sql.append(field.name.View()).append("=?");
     parameters.push_back(m_fields->MakeParameter(field, m_fields->Written(field)));
   }
-  ChangeRow("UPDATE " + m_strTableName + " SET " + assignments, parameters, false);
+  ChangeRow(CString(std::move(sql)), parameters, false);
   const LONG key = m_pRowKey != nullptr ? *m_pRowKey : 0;
   m_fields->RememberEdit(m_rows->RowIdentity(), !m_rows->TakeChange(key));
   if (m_pRowKey != nullptr) m_lKeyLoaded = *m_pRowKey;
@@ -240,7 +246,7 @@ void CRecordset::SetFieldDirty(void* member, BOOL dirty) {
     field.forced = dirty != FALSE;
     if (!dirty) {
       field.nulled = false;
-      field.clean = ReadMember(field.kind, field.member);
+      ReadMember(field.kind, field.member, &field.clean);
     }
   }
 }

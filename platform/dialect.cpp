@@ -122,7 +122,7 @@ CString AdaptCall(const CString& sql, const DriverFacts& facts) {
   return sql;
 }
 
-CString PadYears(const CString& sql) {
+CString PadYears(CString sql) {
   if (sql.Find('{') < 0) return sql;
   std::string padded(sql.View());
   bool in_text = false;

@@ -41,7 +41,7 @@ CString AdaptCall(const CString& sql, const DriverFacts& facts);
 
 // Years of date and time literals in four digits. Blanks before a shorter year would make one driver read
 // {d '   5-01-01'} as 2001, another compare it as a text that no stored date equals.
-CString PadYears(const CString& sql);
+CString PadYears(CString sql);
 
 // The statement that makes a backslash in a text literal an ordinary character in this session, as the
 // quoting of literals assumes; null where the database does not need one.

@@ -2,8 +2,6 @@
 
 #include <cstring>
 
-#include <fmt/format.h>
-
 #include "platform/coledatetime.h"
 #include "platform/cstring.h"
 
@@ -12,6 +10,16 @@ namespace {
 constexpr LONG kUnassignedNumber = 0x4A4D4120;  // outside the ordinals, too
 constexpr LONG kUnassignedFlag = 255;
 constexpr const char* kUnassignedText = "\xFF";  // can begin no UTF-8 text
+constexpr std::size_t kWidestTime = 29;
+
+// The last `width` digits of `number`.
+void AppendDigits(unsigned number, std::size_t width, std::string* text) {
+  text->append(width, '0');
+  for (auto digit = text->rbegin(); width > 0; --width, ++digit) {
+    *digit = static_cast<char>('0' + number % 10);
+    number /= 10;
+  }
+}
 
 }  // namespace
 
@@ -30,22 +38,21 @@ TIMESTAMP_STRUCT DayOf(const TIMESTAMP_STRUCT& value) {
   return {value.year, value.month, value.day, 0, 0, 0, 0};
 }
 
-bool FieldValue::SameAs(const FieldValue& other, FieldKind kind) const {
-  if (kind == FieldKind::kText) return text == other.text;
-  if (kind == FieldKind::kDate) return std::memcmp(&time, &other.time, sizeof time) == 0;
-  return number == other.number;
+void ReadMember(FieldKind kind, const void* member, FieldValue* value) {
+  value->null = false;
+  if (kind == FieldKind::kText) {
+    value->text = static_cast<const CString*>(member)->View();
+  } else if (kind == FieldKind::kDate) {
+    value->time = *static_cast<const TIMESTAMP_STRUCT*>(member);
+  } else {
+    value->number = *static_cast<const LONG*>(member);
+  }
 }
 
-FieldValue ReadMember(FieldKind kind, const void* member) {
-  FieldValue value;
-  if (kind == FieldKind::kText) {
-    value.text = static_cast<const CString*>(member)->View();
-  } else if (kind == FieldKind::kDate) {
-    value.time = *static_cast<const TIMESTAMP_STRUCT*>(member);
-  } else {
-    value.number = *static_cast<const LONG*>(member);
-  }
-  return value;
+bool MemberIs(FieldKind kind, const void* member, const FieldValue& value) {
+  if (kind == FieldKind::kText) return static_cast<const CString*>(member)->View() == value.text;
+  if (kind == FieldKind::kDate) return std::memcmp(member, &value.time, sizeof value.time) == 0;
+  return *static_cast<const LONG*>(member) == value.number;
 }
 
 void WriteMember(FieldKind kind, const FieldValue& value, void* member) {
@@ -58,19 +65,29 @@ void WriteMember(FieldKind kind, const FieldValue& value, void* member) {
   }
 }
 
-FieldValue UnassignedValue(FieldKind kind) {
-  FieldValue value;
-  value.number = kind == FieldKind::kBool ? kUnassignedFlag : kUnassignedNumber;
-  value.text = kUnassignedText;
-  return value;
+const FieldValue& UnassignedValue(FieldKind kind) {
+  static const FieldValue flag = {false, kUnassignedFlag, {}, kUnassignedText};
+  static const FieldValue any = {false, kUnassignedNumber, {}, kUnassignedText};
+  return kind == FieldKind::kBool ? flag : any;
 }
 
 std::string DateText(const TIMESTAMP_STRUCT& time, bool date_only) {
-  std::string text = fmt::format("{:04}-{:02}-{:02}", time.year, time.month, time.day);
+  std::string text;
+  text.reserve(kWidestTime);
+  // Drivers may give years that no filter can write.
+  if (time.year < 0 || time.year > 9999) {
+    text += std::to_string(time.year);
+  } else {
+    AppendDigits(static_cast<unsigned>(time.year), 4, &text);
+  }
+  AppendDigits(time.month, 2, &(text += '-'));
+  AppendDigits(time.day, 2, &(text += '-'));
   if (date_only) return text;
-  text += fmt::format(" {:02}:{:02}:{:02}", time.hour, time.minute, time.second);
+  AppendDigits(time.hour, 2, &(text += ' '));
+  AppendDigits(time.minute, 2, &(text += ':'));
+  AppendDigits(time.second, 2, &(text += ':'));
   if (time.fraction == 0) return text;
-  text += fmt::format(".{:09}", time.fraction);
+  AppendDigits(time.fraction, 9, &(text += '.'));
   text.erase(text.find_last_not_of('0') + 1);
   return text;
 }

@@ -17,17 +17,18 @@ struct FieldValue {
   LONG number = 0;
   TIMESTAMP_STRUCT time = {};
   std::string text;
-
-  bool SameAs(const FieldValue& other, FieldKind kind) const;  // whether NULL or not
 };
 
-FieldValue ReadMember(FieldKind kind, const void* member);
+// In place, so that texts keep their memory.
+void ReadMember(FieldKind kind, const void* member, FieldValue* value);
+// True when the member holds the value, whether that is NULL or not.
+bool MemberIs(FieldKind kind, const void* member, const FieldValue& value);
 void WriteMember(FieldKind kind, const FieldValue& value, void* member);
 
 // A value that no caller assigns to a member: after AddNew a member that still holds it was not assigned, and
 // its column is left to the database. An integer 0, a false flag and an empty text are therefore written when
 // assigned; an all-zero date is no date and is not.
-FieldValue UnassignedValue(FieldKind kind);
+const FieldValue& UnassignedValue(FieldKind kind);
 
 // As the literals of a filter write it: yyyy-mm-dd hh:mm:ss, with a fraction only when there is one.
 std::string DateText(const TIMESTAMP_STRUCT& time, bool date_only);

@@ -36,14 +36,17 @@ class ReadAhead {
   Range Visit(SQLLEN row, SQLLEN count, const Moment& now);
 
   // A page is going to be read: the one before is not there any more.
-  void BeginPage() { m_given.clear(); }
+  void BeginPage() { DropPage(); }
   // The page is there, as it was at `then`.
   void HavePage(const Range& page, const Moment& then);
   // Hands the row of the page out: a second visit reads it again.
   void Give(SQLLEN row) { m_given[static_cast<std::size_t>(row - m_first)] = true; }
 
  private:
+  void DropPage() { m_given.clear(); }
+  bool IsInPage(SQLLEN row) const;
   bool IsAtHand(SQLLEN row, const Moment& now) const;
+  SQLLEN Used() const;
   SQLLEN Walk(SQLLEN row, SQLLEN step, const Moment& now);
   SQLLEN Jump(SQLLEN step, bool turned);
 

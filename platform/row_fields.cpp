@@ -54,9 +54,10 @@ void RowFields::ForgetColumns() {
 // A set over the same tables usually names the same columns: what is known of them then stays known.
 void RowFields::Add(const FieldRef& ref) {
   const int max_length = std::max(ref.max_length, 0);
+  const char* const name = ref.name == nullptr ? "" : ref.name;
   if (m_added < m_fields.size()) {
     Field& field = m_fields[m_added];
-    if (field.kind == ref.kind && field.max_length == max_length && field.name == ref.name) {
+    if (field.kind == ref.kind && field.max_length == max_length && std::strcmp(field.name, name) == 0) {
       field.member = ref.member;
       field.null = field.nulled = field.forced = field.unassigned = field.dirty = false;
       ++m_added;
@@ -65,7 +66,7 @@ void RowFields::Add(const FieldRef& ref) {
   }
   ForgetColumns();
   Field field;
-  field.name = ref.name;
+  field.name = name;
   field.kind = ref.kind;
   field.member = ref.member;
   field.max_length = max_length;

@@ -110,7 +110,7 @@ class RowFields {
   const Field* Find(const void* member) const;
 
   // A value to send for the field: a number, a text, a date as the literals write it, or NULL.
-  odbc::Parameter MakeParameter(const Field& field, const FieldValue& value) const;
+  odbc::Parameter MakeParameter(const Field& field, FieldValue value) const;
 
  private:
   void LoadNull(Field& field);

@@ -12,7 +12,11 @@ constexpr SQLULEN kTimestampWidth = 19;
 
 bool IsTimestampType(SWORD type) { return type == SQL_TYPE_TIMESTAMP || type == SQL_TIMESTAMP; }
 
-bool IsNullRead(const FieldValue& value, FieldKind kind) { return value.SameAs(FieldValue(), kind); }
+// What a NULL is read as.
+bool HoldsNullRead(const Field& field) {
+  static const FieldValue null_read;
+  return MemberIs(field.kind, field.member, null_read);
+}
 
 // Sent as the text that a filter's literal would have: one driver stores a bound timestamp in a form that no
 // literal equals.
@@ -34,7 +38,7 @@ SWORD DateParameterType(const Field& field) {
 
 void RowFields::BeginAdd() {
   for (Field& field : m_fields) {
-    field.before = ReadMember(field.kind, field.member);
+    ReadMember(field.kind, field.member, &field.before);
     field.null_before = field.null;
   }
   for (Field& field : m_fields) {
@@ -47,7 +51,8 @@ void RowFields::BeginAdd() {
 
 void RowFields::BeginEdit() {
   for (Field& field : m_fields) {
-    field.before = field.clean = ReadMember(field.kind, field.member);
+    ReadMember(field.kind, field.member, &field.before);
+    ReadMember(field.kind, field.member, &field.clean);
     field.null_before = field.null;
     field.nulled = field.forced = field.dirty = false;
   }
@@ -56,10 +61,9 @@ void RowFields::BeginEdit() {
 bool RowFields::MarkDirty(bool adding) {
   bool any = false;
   for (Field& field : m_fields) {
-    const FieldValue now = ReadMember(field.kind, field.member);
-    const bool changed = !now.SameAs(field.clean, field.kind);
+    const bool changed = !MemberIs(field.kind, field.member, field.clean);
     // A value assigned after the NULL was asked for stands.
-    if (field.nulled && !IsNullRead(now, field.kind)) field.nulled = false;
+    if (field.nulled && !HoldsNullRead(field)) field.nulled = false;
     field.unassigned = !changed && (adding || field.null);
     field.dirty = field.nulled || field.forced || changed;
     any = any || field.dirty;
@@ -68,12 +72,12 @@ bool RowFields::MarkDirty(bool adding) {
 }
 
 FieldValue RowFields::Written(const Field& field) const {
-  FieldValue null;
-  null.null = true;
-  if (field.nulled || field.unassigned) return null;
-  FieldValue value = ReadMember(field.kind, field.member);
+  FieldValue value;
+  value.null = true;
+  if (field.nulled || field.unassigned) return value;
+  ReadMember(field.kind, field.member, &value);
   if (field.kind == FieldKind::kDate) {
-    if (IsAllZero(value.time)) return null;
+    value.null = IsAllZero(value.time);
     if (IsDateColumn(field)) value.time = DayOf(value.time);
   } else if (field.kind == FieldKind::kText) {
     const std::size_t limit = static_cast<std::size_t>(field.max_length);
@@ -84,10 +88,11 @@ FieldValue RowFields::Written(const Field& field) const {
 
 bool RowFields::IsNull(const Field& field, bool changing) const {
   if (!changing) return field.null;
-  const FieldValue now = ReadMember(field.kind, field.member);
-  if (field.kind == FieldKind::kDate && IsAllZero(now.time)) return true;
-  if (field.nulled) return IsNullRead(now, field.kind);
-  return field.null && now.SameAs(field.clean, field.kind);
+  if (field.nulled || field.kind == FieldKind::kDate) {
+    if (HoldsNullRead(field)) return true;
+    if (field.nulled) return false;
+  }
+  return field.null && MemberIs(field.kind, field.member, field.clean);
 }
 
 void RowFields::End(bool restore) {
@@ -109,7 +114,7 @@ void RowFields::RememberEdit(SQLLEN row, bool show) {
   }
 }
 
-odbc::Parameter RowFields::MakeParameter(const Field& field, const FieldValue& value) const {
+odbc::Parameter RowFields::MakeParameter(const Field& field, FieldValue value) const {
   odbc::Parameter parameter;
   if (IsNumber(field.kind)) {
     parameter.c_type = SQL_C_SLONG;
@@ -123,7 +128,7 @@ odbc::Parameter RowFields::MakeParameter(const Field& field, const FieldValue& v
     parameter.size = IsDateColumn(field) ? kDateWidth : kTimestampWidth;
     if (!value.null) SetDate(field, value.time, &parameter);
   } else {
-    parameter.text = value.text;
+    parameter.text = std::move(value.text);
     parameter.size = std::max<SQLULEN>(parameter.text.size(), 1);
     parameter.sql_type = parameter.size > kLongTextParameter ? SWORD{SQL_LONGVARCHAR} : SWORD{SQL_VARCHAR};
   }

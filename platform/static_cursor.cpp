@@ -75,7 +75,6 @@ void StaticCursor::BeginBinding(const std::shared_ptr<RowBuffer>& row) {
 
 RETCODE StaticCursor::BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
                                  SQLLEN* indicator) {
-  if (m_kept == nullptr) return SQL_SUCCESS;  // nothing was asked, so that nothing will come
   return Statement().BindColumn(column, c_type, buffer, size, indicator);
 }
 

@@ -13,15 +13,16 @@ constexpr LONG kOwnKey = 1;  // the field id of every table's own key
 
 // The number that a query of the library's own gives, 0 without a row. A record set reads it where no
 // statements are kept.
-LONG NumberOf(CDatabase* database, const CString& select, const CString& condition, const CString& order) {
+LONG NumberOf(CDatabase* database, CString select, const CString& condition) {
   if (OneRow::Suits(database)) {
-    const MarkedSQL query =
-        TakeOutLiterals(PadYears(select).View(), PadYears(condition).View(), order.View());
+    const MarkedSQL query = condition.IsEmpty()
+                                ? MarkedSQL{std::move(select), {}}
+                                : TakeOutLiterals(select.View(), PadYears(condition).View(), {});
     const OneRow row(*database, query, {OneRow::Column::kNumber});
     return row.IsThere() ? row.Number(0) : 0;
   }
   CRecordset row(database);
-  row.Open(CRecordset::snapshot, select + condition + order, CRecordset::readOnly);
+  row.Open(CRecordset::snapshot, select + condition, CRecordset::readOnly);
   if (row.IsEOF()) return 0;
   CDBVariant value;
   row.GetFieldValue(short{0}, value, SQL_C_SLONG);
@@ -80,8 +81,7 @@ CString CKyRecSet::WhereClause(const CString& filter) {
 
 // Counts on a statement of its own, so that this set's cursor does not move.
 LONG CKyRecSet::CountByQuery(const CString& where) {
-  const CString select = kCountFrom + GetDefaultSQL();
-  return NumberOf(m_pDatabase, select, where, CString());
+  return NumberOf(m_pDatabase, kCountFrom + GetDefaultSQL(), where);
 }
 
 WORD CKyRecSet::GetNum(LONG* count) {
@@ -113,8 +113,9 @@ bool CKyRecSet::ReadHighest(const CString& key, LONG* id) {
   if (m_pDatabase == nullptr || !m_pDatabase->IsOpen()) return false;
   const CString only = m_pDatabase->FirstRowOnly();
   if (only.IsEmpty()) return false;
-  *id = NumberOf(m_pDatabase, "SELECT " + key + " FROM " + GetDefaultSQL(), CString(),
-                 " ORDER BY " + key + " DESC" + only);
+  *id =
+      NumberOf(m_pDatabase,
+               "SELECT " + key + " FROM " + GetDefaultSQL() + " ORDER BY " + key + " DESC" + only, CString());
   return true;
 }
 

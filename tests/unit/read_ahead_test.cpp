@@ -115,14 +115,47 @@ TEST(ReadAhead, APageIsOutOfDateAfterAQuarterOfASecond) {
   reader.Wait(std::chrono::milliseconds(249));
   EXPECT_EQ(reader.Visit(3), "at hand");
   reader.Wait(std::chrono::milliseconds(1));
-  EXPECT_EQ(reader.Visit(4), "4+128");
+  EXPECT_EQ(reader.Visit(4), "4+2");
+}
+
+TEST(ReadAhead, ACallerWhoIsSlowGetsPagesOfWhatHeUses) {
+  Reader reader;
+  reader.Walk(1, 962);
+  reader.Walk(963, 1061);
+  reader.Wait(std::chrono::milliseconds(250));
+  EXPECT_EQ(reader.Visit(1062), "1062+100");
+  reader.Walk(1063, 1161);
+  EXPECT_EQ(reader.Visit(1162), "1162+200");
+}
+
+TEST(ReadAhead, ACallerWhoChangesSomethingAtEachRowGetsHardlyMoreThanEachRow) {
+  Reader reader;
+  reader.Walk(1, 962);
+  SQLLEN read = 0;
+  for (SQLLEN row = 963; row < 1963; ++row) {
+    reader.Change();
+    const std::string range = reader.Visit(row);
+    ASSERT_NE(range, "at hand");
+    read += std::stoi(range.substr(range.find('+') + 1));
+  }
+  EXPECT_LE(read, 1500);
+}
+
+TEST(ReadAhead, OneChangeShortensPagesForFewRowsOnly) {
+  Reader reader;
+  reader.Walk(1, 962);
+  reader.Change();
+  EXPECT_EQ(reader.Visit(963), "963+1");
+  EXPECT_EQ(reader.Visit(964), "964+2");
+  reader.Visit(965);
+  EXPECT_EQ(reader.Visit(966), "966+4");
 }
 
 TEST(ReadAhead, APageIsOutOfDateAfterAChange) {
   Reader reader;
   reader.Walk(1, 2);
   reader.Change();
-  EXPECT_EQ(reader.Visit(3), "3+128");
+  EXPECT_EQ(reader.Visit(3), "3+1");
 }
 
 TEST(ReadAhead, AfterForgettingNothingWasVisited) {
