@@ -44,6 +44,8 @@ RETCODE RowPage::Read(const CString& sql, std::size_t expected) {
   }
   if (code != SQL_NO_DATA) return code;
   m_statement.CloseCursor();
+  // Most databases have sorted them already.
+  std::sort(m_places.begin(), m_places.end());
   return SQL_SUCCESS;
 }
 
@@ -58,19 +60,26 @@ std::size_t RowPage::Length(std::size_t column, SQLLEN indicator) const {
 void RowPage::TakeRow(std::size_t row) {
   LONG key = 0;
   std::memcpy(&key, m_blocks[m_key].values.data() + row * sizeof key, sizeof key);
-  m_places[key] = m_rows.size();
+  std::size_t bytes = 0;
+  for (std::size_t i = 0; i < m_columns.size(); ++i) {
+    bytes += sizeof(SQLLEN) + Length(i, m_blocks[i].indicators[row]);
+  }
+  m_places.emplace_back(key, m_rows.size());
+  m_rows.resize(m_rows.size() + bytes);
+  char* to = m_rows.data() + m_rows.size() - bytes;
   for (std::size_t i = 0; i < m_columns.size(); ++i) {
     const SQLLEN indicator = m_blocks[i].indicators[row];
-    const char* value = m_blocks[i].values.data() + row * static_cast<std::size_t>(m_columns[i].size);
-    const char* raw = reinterpret_cast<const char*>(&indicator);
-    m_rows.insert(m_rows.end(), raw, raw + sizeof indicator);
-    m_rows.insert(m_rows.end(), value, value + Length(i, indicator));
+    const std::size_t length = Length(i, indicator);
+    std::memcpy(to, &indicator, sizeof indicator);
+    std::memcpy(to + sizeof indicator,
+                m_blocks[i].values.data() + row * static_cast<std::size_t>(m_columns[i].size), length);
+    to += sizeof indicator + length;
   }
 }
 
 bool RowPage::Give(LONG key) const {
-  const auto place = m_places.find(key);
-  if (place == m_places.end()) return false;
+  const auto place = std::lower_bound(m_places.begin(), m_places.end(), std::pair<LONG, std::size_t>(key, 0));
+  if (place == m_places.end() || place->first != key) return false;
   const char* from = m_rows.data() + place->second;
   for (std::size_t i = 0; i < m_columns.size(); ++i) {
     const BoundColumn& column = m_columns[i];

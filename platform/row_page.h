@@ -3,7 +3,7 @@
 #define KYODBC_PLATFORM_ROW_PAGE_H
 
 #include <memory>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/odbc.h"
@@ -45,7 +45,7 @@ class RowPage {
   std::size_t m_key;
   std::vector<Block> m_blocks;
   std::vector<char> m_rows;  // of each row and column the indicator and as many bytes as there are
-  std::unordered_map<LONG, std::size_t> m_places;
+  std::vector<std::pair<LONG, std::size_t>> m_places;  // by key, where each row begins
 };
 
 #endif
