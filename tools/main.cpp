@@ -1,5 +1,8 @@
 // kyodbc: makes an embedded practice, and fills and looks into practices on any database. Uses the library as
 // any caller does, and is the shortest proof that its interface suffices.
+#include <fmt/format.h>
+#include <CLI/CLI.hpp>
+
 #include <cstdio>
 #include <exception>
 
@@ -27,10 +30,19 @@ int Fail(ExitCode code, const char* message) {
   return code;
 }
 
+// The library's own word for its interface: another library may be in its place than the one it was built with.
+std::string VersionText() {
+  WORD interface_version = 0;
+  DB_CheckVersion(KYODBC_INTERFACE_VERSION, &interface_version);
+  return fmt::format("kyodbc {}\nlibrary with interface version {} (0x{:04x})", KYODBC_VERSION,
+                     interface_version, interface_version);
+}
+
 int Run(int argc, char** argv) {
   CLI::App program("Makes an embedded practice, and fills, looks into and keeps practices on any database.",
                    "kyodbc");
   program.footer(kFooter);
+  program.set_version_flag("--version", VersionText, "Print the version and exit");
   program.require_subcommand(1);
   Action run;
   for (const auto add : {AddInit, AddSample, AddImport, AddExport, AddList, AddShow, AddShell, AddEdit,

@@ -2,6 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
 namespace {
 
 bool as_json = false;

@@ -2,14 +2,11 @@
 #ifndef KYODBC_TOOLS_OUTPUT_H
 #define KYODBC_TOOLS_OUTPUT_H
 
-#include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 #include <string>
 
+#include "tools/command_line.h"
+#include "tools/json.h"
 #include "tools/tool_error.h"
-
-// Members stay in the order in which they were added.
-using Json = nlohmann::ordered_json;
 
 // The option --json of a command.
 void AddJson(CLI::App& command);

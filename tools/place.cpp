@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
+
 #include "tools/practice_folder.h"
 #include "tools/record_text.h"
 #include "tools/tool_error.h"

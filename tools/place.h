@@ -4,9 +4,9 @@
 
 #include <KyODBC.h>
 
-#include <CLI/CLI.hpp>
 #include <string>
 
+#include "tools/command_line.h"
 #include "tools/password.h"
 
 // What an ODBC data source wants to know.

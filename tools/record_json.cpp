@@ -1,6 +1,7 @@
 #include "tools/record_json.h"
 
 #include <charconv>
+#include <nlohmann/json.hpp>
 
 namespace {
 

@@ -2,7 +2,7 @@
 #ifndef KYODBC_TOOLS_RECORD_JSON_H
 #define KYODBC_TOOLS_RECORD_JSON_H
 
-#include "tools/output.h"
+#include "tools/json.h"
 #include "tools/tables.h"
 
 // Keys and counts are numbers, "no date" is null, everything else a text as FieldAsText gives it.

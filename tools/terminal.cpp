@@ -3,6 +3,8 @@
 #include <fmt/color.h>
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
+
 #include <cstdlib>
 #include <iostream>
 #include <string_view>

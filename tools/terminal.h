@@ -2,9 +2,10 @@
 #ifndef KYODBC_TOOLS_TERMINAL_H
 #define KYODBC_TOOLS_TERMINAL_H
 
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <string>
+
+#include "tools/command_line.h"
 
 enum class Look { kTitle, kError, kBad, kGood };
 

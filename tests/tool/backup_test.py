@@ -176,6 +176,30 @@ class Backup(SourceCase):
         self.assertIn(result.returncode, (1, 3))
         self.assertEqual(self.contents(), before)
 
+    def test_a_backup_that_does_not_tell_of_every_table_changes_nothing(self):
+        before = self.spoil()
+        for change in (lambda _, document: document.update(tables=[]),
+                       lambda _, document: document["tables"].pop()):
+            file = self.copy_of_backup(f"tables{change.__code__.co_firstlineno}", change)
+            self.fails(1, "does not name every table", "restore", self.name, file, "--replace", "--yes",
+                       *self.login)
+        self.assertEqual(self.contents(), before)
+
+    def test_a_statement_hidden_in_a_backup_is_not_run(self):
+        if self.kind.name != "mariadb":
+            return  # the backups of the others are no text
+        before = self.spoil()
+
+        def hide(file, document):
+            data = file.read_bytes()
+            end = data.index(b");\n", data.index(b"INSERT INTO `TDoctor"))
+            file.write_bytes(data[:end] + b"); COMMIT; \\! touch hidden\n" + data[end + 3:])
+            document["sha256"] = hashlib.sha256(file.read_bytes()).hexdigest()
+
+        file = self.copy_of_backup("hidden", hide)
+        self.fails(1, "the backup is damaged", "restore", self.name, file, "--replace", "--yes", *self.login)
+        self.assertEqual(self.contents(), before)
+
     def test_a_backup_of_another_system_is_refused_with_the_way_that_leads_there(self):
         def rename(_, document):
             document["system"] = "Oracle"

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """kyodbc doctor: silent on a good data source, and one plain sentence for everything that is wrong."""
+import json
 import os
 import subprocess
 import unittest
@@ -99,6 +100,15 @@ class Doctor(ToolCase):
         for fact in ("database system ", "driver ", "static cursors yes", "procedures ", "transactions yes",
                      "names ", "row counts ", "schema version 4.0"):
             self.assertRegex(output, "(?m)^" + fact)
+
+    def test_with_json_one_document_is_printed_and_nothing_else(self):
+        code, output = self.examine(self.good, "--json")
+        self.assertEqual(code, 0, output)
+        document = json.loads(output)
+        self.assertEqual((document["source"], document["findings"]), ("good", []))
+        self.assertIn("schema version 4.0", document["facts"])
+        told = [fact for fact in document["facts"] if fact.startswith("encryption (TLS) ")]
+        self.assertEqual(len(told), 1 if self.kind.user else 0)
 
     def test_the_owners_name_may_stand_before_the_tables(self):
         owner = self.kind.owner or f"{self.good}."

@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 """The companion program: what it prints and stores, read past it by SQLite."""
 import os
+import pathlib
+import re
 import stat
 import subprocess
 import unittest
@@ -325,6 +327,13 @@ class CommandLine(ToolCase):
             help_text = self.done(command, "--help")
             for part in ("PRACTICE", "dsn:NAME", "--user", "--password-file", "--owner"):
                 self.assertIn(part, help_text)
+
+    def test_the_versions_of_the_library_and_of_its_interface_are_told(self):
+        source = pathlib.Path(os.environ["KYODBC_SOURCE"])
+        version = re.search(r"project\(KyODBC VERSION ([\d.]+)", (source / "CMakeLists.txt").read_text())[1]
+        self.assertRegex(version, r"^1\.5\.\d+$")
+        self.assertEqual(self.done("--version"),
+                         f"kyodbc {version}\nlibrary with interface version 261 (0x0105)\n")
 
     def test_a_folder_takes_no_user_password_or_owner(self):
         practice = self.folder / "plain"

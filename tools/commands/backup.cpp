@@ -2,8 +2,10 @@
 #include <fmt/chrono.h>
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <ctime>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "tools/commands/commands.h"

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
+
 #include "tools/tool_error.h"
 
 const char* const kFilterHelp =

@@ -2,10 +2,10 @@
 #ifndef KYODBC_TOOLS_COMMANDS_BROWSE_H
 #define KYODBC_TOOLS_COMMANDS_BROWSE_H
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
 
+#include "tools/command_line.h"
 #include "tools/tables.h"
 
 struct BrowseOptions {

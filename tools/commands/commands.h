@@ -3,8 +3,9 @@
 #ifndef KYODBC_TOOLS_COMMANDS_COMMANDS_H
 #define KYODBC_TOOLS_COMMANDS_COMMANDS_H
 
-#include <CLI/CLI.hpp>
 #include <functional>
+
+#include "tools/command_line.h"
 
 using Action = std::function<void()>;
 

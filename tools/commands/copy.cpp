@@ -1,8 +1,10 @@
 // kyodbc copy: a whole practice from one database system to another.
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <chrono>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "tools/commands/commands.h"

@@ -1,15 +1,15 @@
 // kyodbc doctor: what is wrong or risky about a data source.
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <memory>
-#include <sstream>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "tools/commands/commands.h"
 #include "tools/doctor/findings.h"
-#include "tools/doctor/query.h"
 #include "tools/doctor/schema.h"
 #include "tools/doctor/session.h"
 #include "tools/doctor/source.h"
@@ -20,37 +20,10 @@
 
 namespace {
 
-using Facts = std::vector<std::string>;
-
 struct DoctorOptions {
   std::string source;
   Login login;
 };
-
-Facts FactsOf(CDatabase& database) {
-  Facts found;
-  std::istringstream facts(database.DescribeDriver().GetString());
-  for (std::string fact; std::getline(facts, fact, ';');) {
-    found.push_back(fact.starts_with(' ') ? fact.substr(1) : fact);
-  }
-  double version = 0;
-  DB_GetDBVersion(&version);
-  found.push_back(fmt::format("schema version {:.1f}", version));
-  return found;
-}
-
-void CheckAbilities(CDatabase& database, Findings& findings) {
-  if (std::string(database.DescribeDriver()).find("static cursors no") != std::string::npos) {
-    findings.Add("the driver has no static cursors, so tables cannot be browsed",
-                 "use a driver that has them");
-  }
-  if (!database.CanTransact()) {
-    findings.Add(
-        "the data source has no transactions, so a failure may leave half of a change, and whether "
-        "tables can be written to was not tried",
-        "use a driver and options that allow them");
-  }
-}
 
 // One driver makes the file that it does not find.
 bool MayConnect(const Source& source, Findings& findings) {
@@ -74,7 +47,7 @@ Facts CheckDatabase(const DoctorOptions& options, const Source& source, Findings
     return {};
   }
   CDatabase& database = *DB_GetDatabase();
-  const Facts facts = FactsOf(database);
+  const Facts facts = FactsOf(database, source);
   CheckAbilities(database, findings);
   CheckPractice(database, options.login.owner, findings);
   CheckEncoding(database, source, findings);

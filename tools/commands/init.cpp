@@ -1,7 +1,9 @@
 // kyodbc init: makes an empty practice.
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "tools/commands/commands.h"

@@ -1,8 +1,10 @@
 // kyodbc list: a page of a table, filtered and sorted.
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 

@@ -1,11 +1,14 @@
 // kyodbc restore: a practice as it was in a backup.
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "tools/commands/commands.h"
 #include "tools/data/backup.h"
+#include "tools/data/catalog.h"
 #include "tools/data/checksum.h"
 #include "tools/data/contents.h"
 #include "tools/interruption.h"

@@ -1,10 +1,12 @@
 // kyodbc sample: fills an empty practice with made-up rows.
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 

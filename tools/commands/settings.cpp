@@ -1,8 +1,10 @@
 // kyodbc set and get: the settings of a station.
 #include <fmt/format.h>
 
+#include <CLI/CLI.hpp>
 #include <array>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "tools/commands/commands.h"

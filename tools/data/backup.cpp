@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "tools/data/catalog.h"
 #include "tools/data/contents.h"
 #include "tools/data/counters.h"
 #include "tools/data/row_reader.h"
@@ -24,6 +25,7 @@ void AddUp(DumpRows& rows, Progress& progress, const ReadLine& read_line) {
   for (std::string line; read_line(line);) {
     if (rows.Line(line)) progress.Step();
   }
+  rows.End();
 }
 
 // What the dump holds must be what the snapshot showed.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/data/practice_database.h"
 #include "tools/data/shape.h"
 
 // What a row of the first practice is expected to be in the second one.

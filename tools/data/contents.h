@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/data/practice_database.h"
 #include "tools/data/shape.h"
 
 std::uint64_t CountRows(PracticeDatabase& database, const Shape& shape,

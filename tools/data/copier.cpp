@@ -1,4 +1,5 @@
 #include "tools/data/copier.h"
+#include "tools/data/catalog.h"
 
 #include <fmt/format.h>
 

@@ -2,6 +2,7 @@
 #ifndef KYODBC_TOOLS_DATA_COUNTERS_H
 #define KYODBC_TOOLS_DATA_COUNTERS_H
 
+#include "tools/data/practice_database.h"
 #include "tools/data/shape.h"
 
 // The key that the next added row would get, as far as the database tells; at least 1.

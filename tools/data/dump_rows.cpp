@@ -3,41 +3,17 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
-#include <utility>
 
 #include "tools/tool_error.h"
 
 namespace {
 
-constexpr std::string_view kCopy = "COPY ";
-constexpr std::string_view kFromInput = " FROM stdin;";
-constexpr std::string_view kInsert = "INSERT INTO `";
-constexpr std::string_view kValues = " VALUES";
-
 [[noreturn]] void FailAt(std::string_view what) {
   throw ToolError(kFailed, fmt::format("the backup is damaged: {} cannot be read", what));
 }
 
-std::string Lower(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return lower;
-}
-
-// Names apart by commas, in small letters, without quotes and blanks.
-std::vector<std::string> Names(std::string_view list) {
-  std::vector<std::string> names(1);
-  for (const char c : list) {
-    if (c == ',') {
-      names.emplace_back();
-    } else if (c != ' ' && c != '`' && c != '"') {
-      names.back() += c;
-    }
-  }
-  for (std::string& name : names) name = Lower(name);
-  return names;
+bool IsWordCharacter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
 }
 
 char Unescaped(char c) {
@@ -47,39 +23,63 @@ char Unescaped(char c) {
   return at == std::string_view::npos ? c : kMeant[at];
 }
 
-// Takes values in parentheses off the front.
-class Tuple {
+// Takes a text apart from the front. What must be there and is not fails, naming `what` was being read.
+class Scanner {
  public:
-  explicit Tuple(std::string_view text) : m_rest(text) {}
+  Scanner(std::string_view text, std::string_view what) : m_rest(text), m_what(what) {}
 
-  Row Read() {
-    Row row;
-    if (!Take('(')) FailAt("a row");
-    do {
-      row.push_back(ReadValue());
-    } while (Take(','));
-    if (!Take(')')) FailAt("a row");
-    return row;
-  }
-  bool Take(char sign) {
+  bool AtEnd() const { return m_rest.empty(); }
+  bool Take(std::string_view sign) {
     if (!m_rest.starts_with(sign)) return false;
-    m_rest.remove_prefix(1);
+    m_rest.remove_prefix(sign.size());
     return true;
   }
-  bool AtEnd() const { return m_rest.empty(); }
+  void Require(std::string_view sign) {
+    if (!Take(sign)) FailAt(m_what);
+  }
+
+  // A plain name, or one between `quote`s, which are not part of it.
+  std::string Name(char quote) {
+    const std::string_view sign(&quote, 1);
+    const bool quoted = Take(sign);
+    const auto ends = [&](char c) { return quoted ? c == quote : !IsWordCharacter(c); };
+    const auto end = std::find_if(m_rest.begin(), m_rest.end(), ends);
+    std::string name(m_rest.begin(), end);
+    m_rest.remove_prefix(name.size());
+    if (quoted) Require(sign);
+    if (name.empty()) FailAt(m_what);
+    return name;
+  }
+  // Names in parentheses, in small letters.
+  std::vector<std::string> Names(char quote) {
+    std::vector<std::string> names;
+    Require("(");
+    do {
+      names.push_back(Lower(Name(quote)));
+    } while (Take(", "));
+    Require(")");
+    return names;
+  }
+  // Values in parentheses.
+  Row Values() {
+    Row row;
+    Require("(");
+    do {
+      row.push_back(ReadValue());
+    } while (Take(","));
+    Require(")");
+    return row;
+  }
 
  private:
   Value ReadValue() {
-    if (m_rest.starts_with('\'')) return ReadText();
-    const std::size_t end = m_rest.find_first_of(",)");
-    if (end == std::string_view::npos) FailAt("a value");
-    const std::string word(m_rest.substr(0, end));
-    m_rest.remove_prefix(end);
-    return word == "NULL" ? Value() : Value(word);
+    if (Take("'")) return ReadText();
+    if (Take("NULL")) return std::nullopt;
+    return ReadNumber();
   }
-  Value ReadText() {
+  std::string ReadText() {
     std::string text;
-    for (std::size_t at = 1; at < m_rest.size(); ++at) {
+    for (std::size_t at = 0; at < m_rest.size(); ++at) {
       const char c = m_rest[at];
       if (c == '\\' && at + 1 < m_rest.size()) {
         text += Unescaped(m_rest[++at]);
@@ -92,20 +92,35 @@ class Tuple {
         return text;
       }
     }
-    FailAt("a text");
+    FailAt(m_what);
+  }
+  std::string ReadNumber() {
+    const std::size_t end = std::min(m_rest.find_first_not_of("+-.0123456789eE"), m_rest.size());
+    if (end == 0) FailAt(m_what);
+    std::string number(m_rest.substr(0, end));
+    m_rest.remove_prefix(end);
+    return number;
   }
 
   std::string_view m_rest;
+  std::string_view m_what;
 };
 
-}  // namespace
-
-void UnescapeTo(std::string& text, std::string_view escaped) {
+std::string UnescapedText(std::string_view escaped) {
+  std::string text;
   for (std::size_t at = 0; at < escaped.size(); ++at) {
-    const bool escape = escaped[at] == '\\' && at + 1 < escaped.size();
-    text += escape ? Unescaped(escaped[++at]) : escaped[at];
+    if (escaped[at] != '\\') {
+      text += escaped[at];
+    } else if (++at < escaped.size()) {
+      text += Unescaped(escaped[at]);
+    } else {
+      FailAt("a value with a backslash at its end");
+    }
   }
+  return text;
 }
+
+}  // namespace
 
 Row CopyRow(std::string_view line) {
   Row row;
@@ -113,7 +128,7 @@ Row CopyRow(std::string_view line) {
     const std::size_t tab = line.find('\t');
     const std::string_view field = line.substr(0, tab);
     Value& value = row.emplace_back();
-    if (field != "\\N") UnescapeTo(value.emplace(), field);
+    if (field != "\\N") value = UnescapedText(field);
     if (tab == std::string_view::npos) return row;
     line.remove_prefix(tab + 1);
   }
@@ -132,12 +147,14 @@ bool DumpRows::Begin(std::string_view table, const std::vector<std::string>& col
     if (name == known || name == known + "raw") m_shape = &shape;
   }
   if (m_shape == nullptr) return false;
+  std::vector<std::string> sorted = columns;
+  std::sort(sorted.begin(), sorted.end());
+  if (sorted != m_shape->columns) {
+    throw ToolError(kFailed, fmt::format("the table {} has other columns in the backup", m_shape->table));
+  }
   for (const std::string& column : columns) {
-    const auto found = std::find(m_shape->columns.begin(), m_shape->columns.end(), column);
-    if (found == m_shape->columns.end() || columns.size() != m_shape->columns.size()) {
-      throw ToolError(kFailed, fmt::format("the table {} has other columns in the backup", m_shape->table));
-    }
-    m_places.push_back(static_cast<std::size_t>(found - m_shape->columns.begin()));
+    const auto place = std::find(m_shape->columns.begin(), m_shape->columns.end(), column);
+    m_places.push_back(static_cast<std::size_t>(place - m_shape->columns.begin()));
   }
   return true;
 }
@@ -153,6 +170,10 @@ void DumpRows::Add(const Row& row) {
   m_sums[m_shape->table].Add(ordered);
 }
 
+void DumpRows::End() const {
+  if (m_inside) FailAt("the end, which is missing,");
+}
+
 bool CopyRows::Line(std::string_view line) {
   if (m_inside && line == "\\.") {
     m_inside = false;
@@ -162,38 +183,37 @@ bool CopyRows::Line(std::string_view line) {
     if (m_ours) Add(CopyRow(line));
     return m_ours;
   }
-  if (!line.starts_with(kCopy) || !line.ends_with(kFromInput)) return false;
-  const std::size_t open = line.find(" (");
-  const std::size_t close = line.rfind(')');
-  if (open == std::string_view::npos || close == std::string_view::npos) FailAt("the head of a table");
-  std::string_view table = line.substr(kCopy.size(), open - kCopy.size());
-  table.remove_prefix(table.rfind('.') + 1);
+  Scanner head(line, "the head of a table");
+  if (!head.Take("COPY ")) return false;
+  std::string table = head.Name('"');
+  if (head.Take(".")) table = head.Name('"');
+  head.Require(" ");
+  const std::vector<std::string> columns = head.Names('"');
+  head.Require(" FROM stdin;");
+  if (!head.AtEnd()) FailAt("the head of a table");
   m_inside = true;
-  m_ours = Begin(table, Names(line.substr(open + 2, close - open - 2)));
+  m_ours = Begin(table, columns);
   return m_ours;
 }
 
 bool InsertRows::Line(std::string_view line) {
+  Scanner rows(line, "a row");
   if (!m_inside) {
-    if (!line.starts_with(kInsert)) return false;
-    const std::size_t name = line.find('`', kInsert.size());
-    const std::size_t values = line.find(kValues);
-    const std::size_t open = line.find('(');
-    if (values == std::string_view::npos || open > values) FailAt("the head of a table");
-    const std::string_view columns = line.substr(open + 1, line.rfind(')', values) - open - 1);
-    if (!Begin(line.substr(kInsert.size(), name - kInsert.size()), Names(columns))) return false;
-    line.remove_prefix(values + kValues.size());
+    if (!rows.Take("INSERT INTO ")) return false;
+    const std::string table = rows.Name('`');
+    rows.Require(" ");
+    const std::vector<std::string> columns = rows.Names('`');
+    rows.Require(" VALUES");
+    if (!Begin(table, columns)) return false;
     m_inside = true;
+    rows.Take(" ");
   }
-  Tuple tuples(line);
-  tuples.Take(' ');
-  while (!tuples.AtEnd()) {
-    Add(tuples.Read());
-    if (tuples.Take(';')) {
-      m_inside = false;
-      break;
-    }
-    if (!tuples.Take(',')) FailAt("the end of a row");
+  while (!rows.AtEnd()) {
+    Add(rows.Values());
+    m_inside = !rows.Take(";");
+    if (!m_inside) break;
+    rows.Require(",");
   }
+  if (!rows.AtEnd()) FailAt("what stands behind the rows of a table");
   return true;
 }

@@ -12,8 +12,9 @@
 
 using Checksums = std::map<std::string, Checksum>;  // by the tables' short names
 
-// Adds up the rows of a dump, line by line. Lines that are none of a practice's tables are passed over.
-// Throws ToolError at a line that cannot be read.
+// Adds up the rows of a dump, line by line. Lines that are none of a practice's tables are passed over. Whatever
+// is not exactly as the program writes it is refused with ToolError: a line that is taken may be given to the
+// database's own client, so that nothing else than rows of these tables must hide in it.
 class DumpRows {
  public:
   explicit DumpRows(const std::vector<Shape>& shapes);
@@ -23,12 +24,16 @@ class DumpRows {
 
   // True when the line belongs to the rows of a practice's table.
   virtual bool Line(std::string_view line) = 0;
+  // To be called behind the last line. Throws ToolError when the dump ends among the rows of a table.
+  void End() const;
   const Checksums& Sums() const { return m_sums; }
 
  protected:
   // From here on rows are those of the table, with its columns in this order. False for other tables.
   bool Begin(std::string_view table, const std::vector<std::string>& columns);
   void Add(const Row& row);
+
+  bool m_inside = false;  // among the rows of a table
 
  private:
   const std::vector<Shape>& m_shapes;
@@ -44,7 +49,6 @@ class CopyRows : public DumpRows {
   bool Line(std::string_view line) override;
 
  private:
-  bool m_inside = false;
   bool m_ours = false;
 };
 
@@ -53,13 +57,10 @@ class InsertRows : public DumpRows {
  public:
   using DumpRows::DumpRows;
   bool Line(std::string_view line) override;
-
- private:
-  bool m_inside = false;
 };
 
-// A row of the first form, and the last two steps of it for other users.
+// A row with tabs between its values, as MariaDB's client prints it too. Throws ToolError for a backslash at the
+// end of a value, which neither writes.
 Row CopyRow(std::string_view line);
-void UnescapeTo(std::string& text, std::string_view escaped);
 
 #endif

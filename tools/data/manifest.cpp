@@ -3,12 +3,34 @@
 #include <fmt/format.h>
 
 #include <fstream>
+#include <nlohmann/json.hpp>
+#include <set>
 
 #include "tools/tool_error.h"
 
 namespace {
 
 constexpr const char* kFormat = "kyodbc backup 1";
+
+// A table that is not there would be emptied by restoring and found equal to nothing.
+void RequireAllTables(const Manifest& manifest) {
+  std::set<std::string> tables;
+  for (const BackedUpTable& table : manifest.tables) tables.insert(table.table);
+  const bool all = tables == std::set<std::string>(kTableNames.begin(), kTableNames.end());
+  if (!all || manifest.tables.size() != kTableNames.size())
+    throw ToolError(kFailed, "it does not name every table once");
+}
+
+Manifest ManifestOf(const Json& document) {
+  if (document.at("format") != kFormat) throw ToolError(kFailed, "it is of another format");
+  Manifest manifest{document.at("system"), document.at("made"), document.at("sha256"), {}};
+  for (const Json& table : document.at("tables")) {
+    manifest.tables.push_back(
+        {table.at("table"), table.at("rows"), table.at("checksum"), table.at("next_key").get<LONG>()});
+  }
+  RequireAllTables(manifest);
+  return manifest;
+}
 
 }  // namespace
 
@@ -43,16 +65,11 @@ Manifest ReadManifest(const std::filesystem::path& backup) {
     throw ToolError(kFailed, fmt::format("cannot read {}, which tells what is in the backup", file.string()));
   }
   try {
-    const Json document = Json::parse(stream);
-    if (document.at("format") != kFormat) throw ToolError(kFailed, file.string() + " is of another format");
-    Manifest manifest{document.at("system"), document.at("made"), document.at("sha256"), {}};
-    for (const Json& table : document.at("tables")) {
-      manifest.tables.push_back(
-          {table.at("table"), table.at("rows"), table.at("checksum"), table.at("next_key").get<LONG>()});
-    }
-    return manifest;
+    return ManifestOf(Json::parse(stream));
   } catch (const Json::exception&) {
     throw ToolError(kFailed, fmt::format("{} is damaged", file.string()));
+  } catch (const ToolError& error) {
+    throw ToolError(kFailed, fmt::format("{} cannot be used: {}", file.string(), error.what()));
   }
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tools/data/dump_rows.h"
-#include "tools/output.h"
+#include "tools/json.h"
 
 struct BackedUpTable {
   std::string table;

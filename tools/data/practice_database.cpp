@@ -75,7 +75,7 @@ void ThrowRefused(CDBException* exception, const std::string& doing) {
 }
 
 PracticeDatabase::PracticeDatabase(const Place& place, const PasswordOf& whose)
-    : m_owner(place.login.owner), m_what(place.practice) {
+    : m_database(std::make_unique<CDatabase>()), m_owner(place.login.owner), m_what(place.practice) {
   if (!place.practice.starts_with(kSourcePrefix)) {
     RequireNoLogin(place);
     const PracticeFolder folder(place.practice);
@@ -93,7 +93,8 @@ PracticeDatabase::PracticeDatabase(const Place& place, const PasswordOf& whose)
 }
 
 PracticeDatabase::PracticeDatabase(const PracticeDatabase& other, Another)
-    : m_owner(other.m_owner),
+    : m_database(std::make_unique<CDatabase>()),
+      m_owner(other.m_owner),
       m_user(other.m_user),
       m_password(other.m_password),
       m_connect(other.m_connect),
@@ -104,17 +105,17 @@ PracticeDatabase::PracticeDatabase(const PracticeDatabase& other, Another)
 // What runs long here is meant to: the bar shows that it goes on, and Ctrl-C ends it.
 void PracticeDatabase::Open() {
   try {
-    m_database.SetQueryTimeout(0);
-    m_database.OpenEx(m_connect.c_str(), CDatabase::noOdbcDialog);
+    m_database->SetQueryTimeout(0);
+    m_database->OpenEx(m_connect.c_str(), CDatabase::noOdbcDialog);
   } catch (CDBException* exception) {
     const std::string said = exception->m_strError.GetString();
     exception->Delete();
     throw ToolError(kFailed, fmt::format("connecting to {} failed: {}", m_what, said));
   }
-  m_system = SystemOf(m_database);
+  m_system = SystemOf(*m_database);
   const bool file = m_system == System::kSqlite;
-  m_identity =
-      fmt::format("{}:{}:{}", NameOf(m_system), file ? "" : m_what, m_database.GetDatabaseName().GetString());
+  m_identity = fmt::format("{}:{}:{}", NameOf(m_system), file ? "" : m_what,
+                           m_database->GetDatabaseName().GetString());
 }
 
 PracticeDatabase::~PracticeDatabase() {
@@ -129,7 +130,7 @@ PracticeDatabase::~PracticeDatabase() {
 
 void PracticeDatabase::Execute(const std::string& sql, const std::string& doing) {
   try {
-    m_database.ExecuteSQL(sql.c_str());
+    m_database->ExecuteSQL(sql.c_str());
   } catch (CDBException* exception) {
     ThrowRefused(exception, doing);
   }
@@ -137,7 +138,7 @@ void PracticeDatabase::Execute(const std::string& sql, const std::string& doing)
 
 std::string PracticeDatabase::Answer(const std::string& sql, const std::string& doing) {
   try {
-    CRecordset rows(&m_database);
+    CRecordset rows(m_database.get());
     rows.Open(CRecordset::snapshot, sql.c_str(), CRecordset::readOnly);
     CString value;
     if (!rows.IsEOF()) rows.GetFieldValue(short{0}, value);

@@ -5,6 +5,7 @@
 
 #include <KyODBC.h>
 
+#include <memory>
 #include <string>
 
 #include "tools/password.h"
@@ -27,7 +28,7 @@ class PracticeDatabase {
   PracticeDatabase& operator=(const PracticeDatabase&) = delete;
 
   System Kind() const { return m_system; }
-  CDatabase& Connection() { return m_database; }
+  CDatabase& Connection() { return *m_database; }
   // The table's name with what stands before it.
   std::string Name(const std::string& table) const { return m_owner + table; }
   const std::string& Owner() const { return m_owner; }
@@ -51,7 +52,7 @@ class PracticeDatabase {
  private:
   void Open();
 
-  CDatabase m_database;
+  std::unique_ptr<CDatabase> m_database;
   System m_system = System::kSqlite;
   std::string m_owner;
   std::string m_user;
@@ -78,6 +79,7 @@ class Changes {
 };
 
 // Gives a CDBException as a ToolError.
+class CDBException;
 [[noreturn]] void ThrowRefused(CDBException* exception, const std::string& doing);
 
 #endif

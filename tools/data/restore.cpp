@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "tools/data/backup.h"
+#include "tools/data/catalog.h"
 #include "tools/data/counters.h"
 #include "tools/data/server_programs.h"
 #include "tools/data/sqlite_file.h"
@@ -109,6 +110,7 @@ void Feed(Session& session, DumpRows& rows, Progress& progress,
     session.Tell(line);
     progress.Step();
   }
+  rows.End();
 }
 
 Checksums ReadBack(Session& session, const std::vector<Shape>& shapes, Progress& progress) {

@@ -5,6 +5,7 @@
 #include <deque>
 #include <optional>
 
+#include "tools/data/practice_database.h"
 #include "tools/data/shape.h"
 
 inline constexpr LONG kBeforeAllKeys = -2147483647 - 1;

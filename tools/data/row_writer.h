@@ -4,6 +4,7 @@
 
 #include <deque>
 
+#include "tools/data/practice_database.h"
 #include "tools/data/shape.h"
 
 class RowWriter {

@@ -74,10 +74,8 @@ ServerPrograms::Command ServerPrograms::DumpPostgresql(const std::filesystem::pa
 ServerPrograms::Command ServerPrograms::ReadPostgresql(const std::filesystem::path& file) {
   Command command = {"pg_restore", "--data-only", "--file=-"};
   for (const char* table : kTableNames) {
-    std::string lower = table;
-    for (char& c : lower) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    command.push_back("--table=" + lower);
-    command.push_back("--table=" + lower + "raw");
+    command.push_back("--table=" + Lower(table));
+    command.push_back("--table=" + Lower(table) + "raw");
   }
   command.push_back(file.string());
   return command;

@@ -2,13 +2,14 @@
 #ifndef KYODBC_TOOLS_DATA_SHAPE_H
 #define KYODBC_TOOLS_DATA_SHAPE_H
 
+#include <KyODBC.h>
+
 #include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
-
-#include "tools/data/practice_database.h"
 
 // By their short names. The settings come last: without them no program takes the database for a practice.
 inline constexpr std::array kTableNames = {"TDoctor", "TStation", "TUnit",      "TPatient", "TImage",
@@ -29,13 +30,14 @@ struct Shape {
   std::string KeyName() const { return columns.at(key); }
 };
 
-Shape ShapeOf(PracticeDatabase& database, const std::string& table);
-std::vector<Shape> ShapesOf(PracticeDatabase& database);
-
 // The one form of a value that databases write differently: a date without a time of zeros, a time with its
 // seconds and without zeros at the end of a fraction.
 void MakeUniform(Value& value, Kind kind);
 
+// Throws ToolError when it is no key.
 LONG KeyOf(const Shape& shape, const Row& row);
+
+// Names of tables and columns: databases write them in capital letters or not.
+std::string Lower(std::string_view text);
 
 #endif

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <cstdio>
+#include <sstream>
 
 #include "tools/doctor/query.h"
 
@@ -62,6 +62,10 @@ bool IsEncrypted(CDatabase& database, DriverKind kind) {
               .empty();
 }
 
+bool IsServer(const Source& source) {
+  return source.kind == DriverKind::kPostgresql || source.kind == DriverKind::kMariadb;
+}
+
 void CheckEscapes(CDatabase& database, const Source& source, Findings& findings) {
   constexpr const char* kMode = "NO_BACKSLASH_ESCAPES";
   if (source.kind != DriverKind::kMariadb || source.Option("INITSTMT").find(kMode) != std::string::npos ||
@@ -74,6 +78,35 @@ void CheckEscapes(CDatabase& database, const Source& source, Findings& findings)
 }
 
 }  // namespace
+
+Facts FactsOf(CDatabase& database, const Source& source) {
+  Facts found;
+  std::istringstream facts(database.DescribeDriver().GetString());
+  for (std::string fact; std::getline(facts, fact, ';');) {
+    found.push_back(fact.starts_with(' ') ? fact.substr(1) : fact);
+  }
+  double version = 0;
+  DB_GetDBVersion(&version);
+  found.push_back(fmt::format("schema version {:.1f}", version));
+  if (IsServer(source)) {
+    found.push_back(fmt::format("encryption (TLS) {}{}", IsEncrypted(database, source.kind) ? "on" : "off",
+                                IsThisMachine(ServerOf(source)) ? ", the server is on this machine" : ""));
+  }
+  return found;
+}
+
+void CheckAbilities(CDatabase& database, Findings& findings) {
+  if (std::string(database.DescribeDriver()).find("static cursors no") != std::string::npos) {
+    findings.Add("the driver has no static cursors, so tables cannot be browsed",
+                 "use a driver that has them");
+  }
+  if (!database.CanTransact()) {
+    findings.Add(
+        "the data source has no transactions, so a failure may leave half of a change, and whether "
+        "tables can be written to was not tried",
+        "use a driver and options that allow them");
+  }
+}
 
 void CheckPractice(CDatabase& database, const std::string& owner, Findings& findings) {
   CheckVersion(findings);
@@ -104,12 +137,7 @@ void CheckEncoding(CDatabase& database, const Source& source, Findings& findings
 }
 
 void CheckEncryption(CDatabase& database, const Source& source, Findings& findings) {
-  if (source.kind != DriverKind::kPostgresql && source.kind != DriverKind::kMariadb) return;
-  const bool encrypted = IsEncrypted(database, source.kind);
-  const bool near = IsThisMachine(ServerOf(source));
-  fmt::print("encryption (TLS) {}{}\n", encrypted ? "on" : "off",
-             near ? ", the server is on this machine" : "");
-  if (encrypted || near) return;
+  if (!IsServer(source) || IsThisMachine(ServerOf(source)) || IsEncrypted(database, source.kind)) return;
   findings.Add("patients' data and the password travel to the server without encryption",
                source.kind == DriverKind::kPostgresql
                    ? "switch TLS on in the server and set SSLmode=verify-full in odbc.ini"

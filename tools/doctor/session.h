@@ -5,13 +5,18 @@
 #include <KyODBC.h>
 
 #include <string>
+#include <vector>
 
 #include "tools/doctor/findings.h"
 #include "tools/doctor/source.h"
 
+// What is to be known about the driver, the schema and the connection, good or bad.
+using Facts = std::vector<std::string>;
+Facts FactsOf(CDatabase& database, const Source& source);
+
+void CheckAbilities(CDatabase& database, Findings& findings);
 void CheckPractice(CDatabase& database, const std::string& owner, Findings& findings);
 void CheckEncoding(CDatabase& database, const Source& source, Findings& findings);
-// Prints whether the connection is encrypted.
 void CheckEncryption(CDatabase& database, const Source& source, Findings& findings);
 
 #endif
