@@ -1,4 +1,5 @@
-// JSON documents by name only; who makes or reads one includes <nlohmann/json.hpp>, which takes long to compile.
+// JSON documents by name only; who makes or reads one includes <nlohmann/json.hpp>, which takes long to
+// compile.
 #ifndef KYODBC_TOOLS_JSON_H
 #define KYODBC_TOOLS_JSON_H
 

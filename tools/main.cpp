@@ -30,7 +30,7 @@ int Fail(ExitCode code, const char* message) {
   return code;
 }
 
-// The library's own word for its interface: another library may be in its place than the one it was built with.
+// The library's own word for its interface: it may be another one than the program was built with.
 std::string VersionText() {
   WORD interface_version = 0;
   DB_CheckVersion(KYODBC_INTERFACE_VERSION, &interface_version);

@@ -79,6 +79,9 @@ class Workshop:
             self.command(f"bin/{name}", f'exec {self.tools.compilers[language]} {self.tools.flags} "$@"')
         self.command("bin/python3", f"export LD_PRELOAD={self.tools.preload()} ASAN_OPTIONS=detect_leaks=0\n"
                                     'exec /usr/bin/python3 -B "$@"')
+        # Installing packages changes the machine, and what is to be built is there: tests/install tries both.
+        self.command("bin/sudo", '[[ "$1 $2" == "apt install" ]]')
+        self.command("bin/cmake", '[[ $1 == --build ]] || exec /usr/bin/cmake "$@"')
         # What it does takes minutes or changes the machine, and is used all day: that it knows the command is
         # what can go wrong on a page.
         known = re.search(r"^ {4}(setup \|.*?)\) ", (self.tools.root / "dev").read_text(), re.M | re.S)[1]

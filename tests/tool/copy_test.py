@@ -72,6 +72,43 @@ class Directions(Copy):
             return self.rows(self.kinds[target], sql)[0][0]
         return str(self.query(sql, practice=target)[0][0])
 
+    def test_two_names_of_one_database_on_a_server_are_noticed(self):
+        for name in ("postgresql", "mariadb"):
+            kind = self.kinds[name]
+            options = "".join(f"{key}={value}\n" for key, value in kind.options(self.databases[name]).items())
+            with open(self.folder / "odbc.ini", "a", encoding="utf-8") as file:
+                file.write(f"[{name}-again]\nDriver={kind.driver}\n{options}\n")
+            before = self.on(name)
+            self.fails(2, "are the same database", "copy", f"dsn:{name}", f"dsn:{name}-again", "--from-user",
+                       doctor_kinds.USER, "--to-user", doctor_kinds.USER, "--replace", "--yes")
+            self.assertEqual(self.on(name), before)
+
+    def test_an_account_that_must_not_raise_the_counters_of_keys_changes_nothing(self):
+        clerk = f"clerk{os.getpid()}"
+        makes = {"postgresql": [f"CREATE ROLE {clerk} LOGIN PASSWORD '{doctor_kinds.PASSWORD}'",
+                                "GRANT SELECT, INSERT, UPDATE, DELETE ON ALL TABLES IN SCHEMA public TO "
+                                + clerk],
+                 "mariadb": [f"CREATE USER {clerk} IDENTIFIED BY '{doctor_kinds.PASSWORD}'",
+                             "GRANT SELECT, INSERT, UPDATE, DELETE ON "
+                             f"{self.databases['mariadb']}.* TO {clerk}"]}
+        drops = {"postgresql": [f"DROP OWNED BY {clerk}", f"DROP ROLE {clerk}"],
+                 "mariadb": [f"DROP USER {clerk}"]}
+        source = self.folder_of("ahead")
+        connection = sqlite3.connect(source / "practice.db")
+        with connection:
+            connection.execute("INSERT INTO TTest (tTstCulIntTstIDPk) VALUES (1000000)")
+            connection.execute("DELETE FROM TTest")
+        connection.close()
+        for name in ("postgresql", "mariadb"):
+            for statement in makes[name]:
+                self.kinds[name].execute(self.databases[name], statement)
+            before = self.on(name)
+            self.fails(1, "the user has no right to do this", "copy", source, f"dsn:{name}", "--to-user",
+                       clerk, "--replace", "--yes")
+            self.assertEqual(self.on(name), before)
+            for statement in drops[name]:
+                self.kinds[name].execute(self.databases[name], statement)
+
     def check_setting(self, target):
         names = {"postgresql": "PostgreSQL", "mariadb": "MariaDB"}
         self.assertEqual(self.value(target, "SELECT tCfgSSet FROM TConfig WHERE tCfgSKey = 'DBMS'"),
@@ -112,6 +149,28 @@ class Refusals(Copy):
         self.fails(2, "the same", "copy", self.practice, self.folder / "x" / ".." / "practice",
                    "--replace", "--yes")
         self.assertEqual(self.contents(self.practice), before)
+
+    def test_a_practice_is_not_copied_to_itself_under_another_name(self):
+        before = self.contents(self.practice)
+        (self.folder / "alias").symlink_to(self.practice)
+        self.fails(2, "are the same database", "copy", self.practice, self.folder / "alias", "--replace",
+                   "--yes")
+        self.assertEqual(self.contents(self.practice), before)
+
+    def test_an_unfinished_copy_is_not_copied_on(self):
+        source = self.folder_of("unfinished")
+        with sqlite3.connect(source / "practice.db") as connection:
+            connection.execute("INSERT INTO TConfig (tCfgCulIntCfgIDPk, tCfgSKey, tCfgSSet) "
+                               "VALUES (-1, 'KyODBC copy', 'from somewhere')")
+        connection.close()
+        self.fails(1, "FROM is an unfinished copy", "copy", source, self.folder_of("behind"))
+
+    def test_the_highest_key_there_can_be_is_copied(self):
+        source, target = self.folder_of("full"), self.folder_of("filled up")
+        with sqlite3.connect(source / "practice.db") as connection:
+            connection.execute("INSERT INTO TTest (tTstCulIntTstIDPk) VALUES (2147483647)")
+        connection.close()
+        self.assertTrue(self.copy(source, target)["equal"])
 
     def test_a_target_without_tables_is_refused(self):
         target = self.folder_of("bare")

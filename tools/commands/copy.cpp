@@ -40,9 +40,13 @@ void RequireTwo(const PracticeDatabase& source, const PracticeDatabase& target) 
 
 // True when a copy goes on that had been begun.
 bool Prepare(Copier& copier, const CopyOptions& options) {
+  copier.RequireOther();
   if (!options.replace) {
     const TargetState state = copier.State();
-    if (state == TargetState::kUnfinished) return true;
+    if (state == TargetState::kUnfinished) {
+      copier.RaiseCounters();
+      return true;
+    }
     if (state == TargetState::kFilled) {
       throw ToolError(kFailed, fmt::format("{} holds {} rows already; copy into an empty practice, or give "
                                            "--replace to lose them",
@@ -52,6 +56,7 @@ bool Prepare(Copier& copier, const CopyOptions& options) {
     Confirm(fmt::format("Replace the {} rows of {}?", copier.RowsInTarget(), options.to.practice),
             options.yes);
   }
+  copier.RaiseCounters();
   copier.Clear();
   return false;
 }

@@ -17,6 +17,7 @@ namespace {
 
 constexpr LONG kNoteKey = -1;
 constexpr const char* kDoing = "looking at the target";
+constexpr const char* kLooking = "none yet";  // the note of no practice
 
 // The columns of the source, with the types that they have in the target.
 Shape CommonShape(PracticeDatabase& source, PracticeDatabase& target, const std::string& table) {
@@ -31,6 +32,12 @@ Shape CommonShape(PracticeDatabase& source, PracticeDatabase& target, const std:
     shape.kinds[i] = other.kinds[static_cast<std::size_t>(found - other.columns.begin())];
   }
   return shape;
+}
+
+std::string NoteIn(PracticeDatabase& database) {
+  return database.Answer(
+      fmt::format("SELECT tCfgSSet FROM {} WHERE tCfgSKey = '{}'", database.Name("TConfig"), kCopyNote),
+      "looking for an unfinished copy");
 }
 
 }  // namespace
@@ -48,9 +55,7 @@ Copier::Copier(PracticeDatabase& source, PracticeDatabase& target) : m_source(so
 std::string Copier::Note() const { return Sha256OfText(m_source.Identity()); }
 
 TargetState Copier::State() {
-  const std::string note = m_target.Answer(
-      fmt::format("SELECT tCfgSSet FROM {} WHERE tCfgSKey = '{}'", m_target.Name("TConfig"), kCopyNote),
-      kDoing);
+  const std::string note = NoteIn(m_target);
   if (note == Note()) return TargetState::kUnfinished;
   if (!note.empty()) {
     throw ToolError(kFailed,
@@ -67,15 +72,39 @@ std::uint64_t Copier::RowsInSource() const {
   return rows;
 }
 
+void Copier::WriteNote(const std::string& value) {
+  m_target.Execute(
+      fmt::format("INSERT INTO {} (tCfgCulIntCfgIDPk, tCfgSKey, tCfgSSet) VALUES ({}, '{}', '{}')",
+                  m_target.Name("TConfig"), kNoteKey, kCopyNote, value),
+      "noting the copy");
+}
+
+void Copier::DropNote() {
+  m_target.Execute(fmt::format("DELETE FROM {} WHERE tCfgSKey = '{}'", m_target.Name("TConfig"), kCopyNote),
+                   "taking the note of the copy away");
+}
+
+// Another connection than the one that shows a snapshot.
+void Copier::RequireOther() {
+  PracticeDatabase source(m_source, PracticeDatabase::Another::kConnection);
+  if (!NoteIn(source).empty()) throw ToolError(kFailed, "FROM is an unfinished copy itself");
+  if (!NoteIn(m_target).empty()) return;  // and the source has none
+  WriteNote(kLooking);
+  const bool same = NoteIn(source) == kLooking;
+  DropNote();
+  if (same) throw ToolError(kUsage, "FROM and TO are the same database");
+}
+
+void Copier::RaiseCounters() {
+  for (const Shape& shape : m_shapes) RaiseNextKey(m_target, shape, NextKey(m_source, shape));
+}
+
 void Copier::Clear() {
   Changes changes(m_target);
   for (const Shape& shape : m_shapes) {
     m_target.Execute("DELETE FROM " + m_target.Name(shape.table), "emptying " + shape.table);
   }
-  m_target.Execute(
-      fmt::format("INSERT INTO {} (tCfgCulIntCfgIDPk, tCfgSKey, tCfgSSet) VALUES ({}, '{}', '{}')",
-                  m_target.Name("TConfig"), kNoteKey, kCopyNote, Note()),
-      "noting the copy");
+  WriteNote(Note());
   changes.Commit();
 }
 
@@ -106,7 +135,6 @@ void Copier::CopyTable(const Shape& shape, Progress& progress) {
     writer.Store(page);
     progress.Step(page.size());
   }
-  RaiseNextKey(m_target, shape, NextKey(m_source, shape));
 }
 
 std::span<const Shape> Copier::ShapesIn(Part part) const {
@@ -127,7 +155,4 @@ void Copier::Verify(Part part, Progress& progress, Differences& differences) {
   }
 }
 
-void Copier::Finish() {
-  m_target.Execute(fmt::format("DELETE FROM {} WHERE tCfgSKey = '{}'", m_target.Name("TConfig"), kCopyNote),
-                   "ending the copy");
-}
+void Copier::Finish() { DropNote(); }

@@ -30,9 +30,15 @@ class Copier {
   Copier(PracticeDatabase& source, PracticeDatabase& target);
 
   TargetState State();
+  // Throws ToolError when the source is the target under another name, or an unfinished copy itself: whether a
+  // note written to the one is seen in the other tells it, whatever the two are called.
+  void RequireOther();
   // Rows of the target that were not made by its schema file.
   std::uint64_t RowsInTarget();
 
+  // Has new keys of the target go on above those of the source. It comes before everything else: it does no
+  // harm when copying then fails, and an account that has no right to do it changes nothing.
+  void RaiseCounters();
   // Takes all rows out of the target.
   void Clear();
   // The settings are to be copied when the rows of all other tables have been found equal.
@@ -48,6 +54,8 @@ class Copier {
 
  private:
   std::string Note() const;
+  void WriteNote(const std::string& value);
+  void DropNote();
   std::span<const Shape> ShapesIn(Part part) const;
   LONG HighestKey(const Shape& shape);
   void CopyTable(const Shape& shape, Progress& progress);

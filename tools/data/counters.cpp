@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "tools/data/row_writer.h"
 
@@ -69,7 +70,8 @@ void RaiseMariadb(PracticeDatabase& database, const Shape& shape, LONG next, con
 LONG NextKey(PracticeDatabase& database, const Shape& shape) {
   const LONG highest = database.Number(
       fmt::format("SELECT MAX({}) FROM {}", shape.KeyName(), database.Name(shape.table)), kDoing);
-  return std::max<LONG>({1, highest + 1, CounterOf(database, shape)});
+  const LONG above = highest == std::numeric_limits<LONG>::max() ? highest : highest + 1;
+  return std::max<LONG>({1, above, CounterOf(database, shape)});
 }
 
 void RaiseNextKey(PracticeDatabase& database, const Shape& shape, LONG next) {

@@ -12,9 +12,9 @@
 
 using Checksums = std::map<std::string, Checksum>;  // by the tables' short names
 
-// Adds up the rows of a dump, line by line. Lines that are none of a practice's tables are passed over. Whatever
-// is not exactly as the program writes it is refused with ToolError: a line that is taken may be given to the
-// database's own client, so that nothing else than rows of these tables must hide in it.
+// Adds up the rows of a dump, line by line. Lines that are none of a practice's tables are passed over.
+// Whatever is not exactly as the program writes it is refused with ToolError: a line that is taken may be
+// given to the database's own client, so that nothing else than rows of these tables must hide in it.
 class DumpRows {
  public:
   explicit DumpRows(const std::vector<Shape>& shapes);
@@ -59,8 +59,8 @@ class InsertRows : public DumpRows {
   bool Line(std::string_view line) override;
 };
 
-// A row with tabs between its values, as MariaDB's client prints it too. Throws ToolError for a backslash at the
-// end of a value, which neither writes.
+// A row with tabs between its values, as MariaDB's client prints it too. Throws ToolError for a backslash at
+// the end of a value, which neither writes.
 Row CopyRow(std::string_view line);
 
 #endif

@@ -54,6 +54,15 @@ std::string StateOf(const CDBException& exception) {
   return colon == std::string::npos ? "none" : records.substr(colon + 1, records.find(',') - colon - 1);
 }
 
+// PostgreSQL has a state for it, MariaDB numbers of its own: for a database, a table, a column, something else.
+bool IsForbidden(const CDBException& exception) {
+  const std::string records = exception.m_strStateNativeOrigin.GetString();
+  for (const char* sign : {"State:42501,", "Native:1044,", "Native:1142,", "Native:1143,", "Native:1227,"}) {
+    if (records.find(sign) != std::string::npos) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 const char* NameOf(System system) {
@@ -69,7 +78,14 @@ const char* NameOf(System system) {
 
 void ThrowRefused(CDBException* exception, const std::string& doing) {
   const std::string state = StateOf(*exception);
+  const bool forbidden = IsForbidden(*exception);
   exception->Delete();
+  if (forbidden) {
+    throw ToolError(kFailed,
+                    fmt::format("{}: the user has no right to do this (SQLSTATE {}); whoever owns the "
+                                "tables has it",
+                                doing, state));
+  }
   throw ToolError(kFailed, fmt::format("{}: the database refused (SQLSTATE {}); KYODBC_LOG=error shows why",
                                        doing, state));
 }

@@ -25,7 +25,8 @@ std::uint64_t RowsOf(const Manifest& manifest) {
   return rows;
 }
 
-// New keys go on above those that the practice had when the backup was made.
+// New keys go on above those that the practice had when the backup was made. It comes before everything else: it
+// does no harm when restoring then fails, and an account that has no right to do it changes nothing.
 void RaiseCounters(PracticeDatabase& database, const std::vector<Shape>& shapes, const Manifest& manifest) {
   for (const Shape& shape : shapes) {
     for (const BackedUpTable& table : manifest.tables) {
@@ -171,6 +172,7 @@ void RestoreServer(const Place& place, PracticeDatabase& database, const std::fi
                    const Manifest& manifest) {
   const std::vector<Shape> shapes = ShapesOf(database);
   const ServerPrograms programs(place, database);
+  RaiseCounters(database, shapes, manifest);
   Session session(programs, database);
   Progress progress("restoring", RowsOf(manifest) * 2);
   session.Begin(shapes);
@@ -181,5 +183,4 @@ void RestoreServer(const Place& place, PracticeDatabase& database, const std::fi
   if (!differing.empty()) FailForTables(kNotRestored, differing);
   Interruption::Check();
   session.Commit();
-  RaiseCounters(database, shapes, manifest);
 }
