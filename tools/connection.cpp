@@ -1,10 +1,23 @@
 #include "tools/connection.h"
 
+#include <fmt/format.h>
+
+#include <optional>
+#include <string>
+
 #include "tools/tool_error.h"
 
 Connection::Connection(const Place& place) {
   const tagDBCONNECT parameters = Parameters(place);
-  Check(DB_InitDatabase(&parameters), "connecting to " + place.practice);
+  const WORD code = DB_InitDatabase(&parameters);
+  try {
+    Check(code, "connecting to " + place.practice);
+  } catch (const ToolError& error) {
+    const std::optional<std::string> source = SourceOf(place);
+    if (!source) throw;
+    throw ToolError(kFailed,
+                    fmt::format("{}; 'kyodbc doctor {}' looks for the cause", error.what(), *source));
+  }
 }
 
 Connection::~Connection() { DB_CloseDatabase(); }

@@ -30,11 +30,14 @@ std::string Trimmed(const std::string& text) {
 CsvTable::CsvTable(const std::filesystem::path& file, const std::vector<std::string>& columns)
     : m_stream(OpenFile(file)), m_reader(m_stream) {
   if (!m_reader.Next(m_row)) throw ToolError(kFailed, fmt::format("{} is empty", file.string()));
+  if (!m_row.fault.empty())
+    throw ToolError(kFailed, fmt::format("{}: {} in its first row", file.string(), m_row.fault));
   for (const std::string& title : m_row.fields) m_titles.push_back(Trimmed(title));
   for (const std::string& column : columns) {
-    if (std::find(m_titles.begin(), m_titles.end(), column) == m_titles.end()) {
-      throw ToolError(kFailed, fmt::format("{} has no column {} in its first row", file.string(), column));
-    }
+    const auto times = std::count(m_titles.begin(), m_titles.end(), column);
+    if (times == 1) continue;
+    throw ToolError(kFailed, fmt::format("{} has {} column {} in its first row", file.string(),
+                                         times == 0 ? "no" : "more than one", column));
   }
 }
 

@@ -19,7 +19,8 @@ class RowRejected : public std::runtime_error {
 
 class CsvTable {
  public:
-  // Throws ToolError when the file cannot be read or lacks one of the columns.
+  // Throws ToolError when the file cannot be read, its first row has wrong quotes, or it lacks one of the
+  // columns or has it twice.
   CsvTable(const std::filesystem::path& file, const std::vector<std::string>& columns);
 
   // Moves to the next row; false at the end. Throws RowRejected for one with wrong quotes or another number

@@ -2,9 +2,14 @@
 // any caller does, and is the shortest proof that its interface suffices.
 #include <fmt/format.h>
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include <cstdio>
 #include <exception>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "tools/commands/commands.h"
 #include "tools/output.h"
@@ -22,11 +27,11 @@ constexpr const char* kFooter =
     "go to standard error. Colours are for terminals only; NO_COLOR switches them off.\n"
     "KYODBC_LOG=error in the environment shows what the database said.\n";
 
-int Fail(ExitCode code, const char* message) {
+int Fail(ExitCode code, const std::string& message) {
   std::fflush(stdout);
   if (AsJson()) PrintJsonError(code, message);
   std::fflush(stdout);
-  std::fprintf(stderr, "%s %s\n", Coloured(stderr, Look::kError, "kyodbc:").c_str(), message);
+  std::fprintf(stderr, "%s %s\n", Coloured(stderr, Look::kError, "kyodbc:").c_str(), message.c_str());
   return code;
 }
 
@@ -36,6 +41,24 @@ std::string VersionText() {
   DB_CheckVersion(KYODBC_INTERFACE_VERSION, &interface_version);
   return fmt::format("kyodbc {}\nlibrary with interface version {} (0x{:04x})", KYODBC_VERSION,
                      interface_version, interface_version);
+}
+
+// A failure of the command line like every other one: CLI11's own form names neither the program nor a way
+// on, and is no JSON.
+int Refuse(const CLI::App& program, const CLI::ParseError& error, std::span<char* const> words) {
+  if (std::find(words.begin(), words.end(), std::string_view("--json")) != words.end()) UseJson();
+  const std::vector<CLI::App*> commands = program.get_subcommands();
+  if (!commands.empty()) {
+    return Fail(kUsage,
+                fmt::format("{}; 'kyodbc {} --help' tells more", error.what(), commands.front()->get_name()));
+  }
+  if (words.size() < 2 || *words[1] == '-') {
+    return Fail(kUsage, fmt::format("{}; 'kyodbc --help' tells more", error.what()));
+  }
+  std::vector<std::string> names;
+  for (const CLI::App* command : program.get_subcommands({})) names.push_back(command->get_name());
+  return Fail(kUsage,
+              fmt::format("there is no command '{}'; there are: {}", words[1], fmt::join(names, ", ")));
 }
 
 int Run(int argc, char** argv) {
@@ -51,7 +74,8 @@ int Run(int argc, char** argv) {
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? kDone : kUsage;
+    if (error.get_exit_code() == 0) return program.exit(error);  // --help and --version
+    return Refuse(program, error, {argv, static_cast<std::size_t>(argc)});
   }
   run();
   return std::fflush(stdout) == 0 ? kDone : Fail(kFailed, "cannot write the output");

@@ -15,6 +15,15 @@ namespace {
   throw ToolError(kFailed, fmt::format("cannot {} {}: {}", doing, file.string(), std::strerror(errno)));
 }
 
+// A name in a folder is on the disk when the folder is. Not every file system can be asked for that.
+void SyncFolder(const std::filesystem::path& file) {
+  const std::filesystem::path folder = std::filesystem::absolute(file).parent_path();
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  fsync(descriptor);
+  close(descriptor);
+}
+
 }  // namespace
 
 NewFile::NewFile(const std::filesystem::path& file) : m_file(file), m_temporary(file) {
@@ -51,4 +60,5 @@ void NewFile::Finish() {
     Fail("make", m_file);
   }
   m_finished = true;
+  SyncFolder(m_file);
 }

@@ -16,6 +16,8 @@ void AddJson(CLI::App& command) {
   command.add_flag("--json", as_json, "Print one JSON document instead of text");
 }
 
+void UseJson() { as_json = true; }
+
 bool AsJson() { return as_json; }
 
 std::string JsonText(const Json& value, int indent) {

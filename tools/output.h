@@ -10,6 +10,8 @@
 
 // The option --json of a command.
 void AddJson(CLI::App& command);
+// As if it was given, for a command line that makes no sense.
+void UseJson();
 // Whether it was given: then PrintJson is to be called once, and nothing else printed.
 bool AsJson();
 

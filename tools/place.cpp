@@ -44,6 +44,11 @@ void AddPlace(CLI::App& command, Place& place) {
   AddLogin(command, place.login);
 }
 
+std::optional<std::string> SourceOf(const Place& place) {
+  if (!place.practice.starts_with(kSourcePrefix)) return std::nullopt;
+  return place.practice.substr(kSourcePrefix.size());
+}
+
 void RequireNoLogin(const Place& place) {
   const Login& login = place.login;
   if (login.user.empty() && login.password_file.empty() && login.owner.empty()) return;
@@ -53,6 +58,7 @@ void RequireNoLogin(const Place& place) {
 }
 
 tagDBCONNECT Parameters(const std::string& source, const Login& login, const PasswordOf& whose) {
+  if (source.empty()) throw ToolError(kUsage, "the name of the data source is missing");
   tagDBCONNECT parameters{};
   SetParameter(parameters.szDSN, source, "name of the data source");
   SetParameter(parameters.szUID, login.user, "name of the user");
@@ -62,6 +68,6 @@ tagDBCONNECT Parameters(const std::string& source, const Login& login, const Pas
 }
 
 tagDBCONNECT Parameters(const Place& place) {
-  if (!place.practice.starts_with(kSourcePrefix)) return FolderParameters(place);
-  return Parameters(place.practice.substr(kSourcePrefix.size()), place.login);
+  const std::optional<std::string> source = SourceOf(place);
+  return source ? Parameters(*source, place.login) : FolderParameters(place);
 }

@@ -4,6 +4,7 @@
 
 #include <KyODBC.h>
 
+#include <optional>
 #include <string>
 
 #include "tools/command_line.h"
@@ -25,6 +26,9 @@ struct Place {
 void AddLogin(CLI::App& command, Login& login);
 // The argument PRACTICE and these options.
 void AddPlace(CLI::App& command, Place& place);
+
+// The data source that "dsn:NAME" names; nothing for a folder.
+std::optional<std::string> SourceOf(const Place& place);
 
 // Throws ToolError when the practice is a folder and there is a user, a password or an owner.
 void RequireNoLogin(const Place& place);

@@ -70,6 +70,13 @@ void WriteText(const fs::path& file, const std::string& text) {
   if (!stream) throw ToolError(kFailed, fmt::format("cannot write {}", file.string()));
 }
 
+bool Exists(const fs::path& file) {
+  std::error_code error;
+  const bool exists = fs::exists(file, error);
+  if (error) throw ToolError(kFailed, fmt::format("cannot look for {}: {}", file.string(), error.message()));
+  return exists;
+}
+
 void RequireNameForIniFile(const fs::path& folder) {
   if (folder.string().find_first_of("\r\n") != std::string::npos) {
     throw ToolError(kUsage, "the name of the folder must not contain a line end");
@@ -78,12 +85,15 @@ void RequireNameForIniFile(const fs::path& folder) {
 
 }  // namespace
 
-PracticeFolder::PracticeFolder(const fs::path& folder) : m_folder(fs::absolute(folder).lexically_normal()) {}
+PracticeFolder::PracticeFolder(const fs::path& folder) {
+  if (folder.empty()) throw ToolError(kUsage, "the name of the folder is empty");
+  m_folder = fs::absolute(folder).lexically_normal();
+}
 
 void PracticeFolder::Create() const {
   RequireNameForIniFile(m_folder);
   for (const fs::path& file : {Database(), Sources(), Drivers()}) {
-    if (fs::exists(file)) {
+    if (Exists(file)) {
       throw ToolError(kFailed,
                       fmt::format("{} exists already; a practice is never overwritten", file.string()));
     }
@@ -116,7 +126,7 @@ std::string PracticeFolder::ConnectText() const { return SqliteConnectText(Datab
 
 void PracticeFolder::RequirePractice() const {
   for (const fs::path& file : {Database(), Sources(), Drivers()}) {
-    if (!fs::exists(file)) {
+    if (!Exists(file)) {
       throw ToolError(kFailed,
                       fmt::format("there is no practice in {}: {} is missing; 'kyodbc init' makes one",
                                   m_folder.string(), file.filename().string()));

@@ -139,7 +139,11 @@ bool Process::ReadLine(std::string& line) {
     std::array<char, kBlock> block{};
     const ssize_t got = read(m_output, block.data(), block.size());
     if (got < 0 && errno == EINTR) continue;
-    if (got <= 0) return false;
+    if (got < 0) throw ToolError(kFailed, fmt::format("cannot read what {} writes", m_name));
+    if (got == 0) {
+      line = std::exchange(m_buffer, {});
+      return !line.empty();
+    }
     m_buffer.append(block.data(), static_cast<std::size_t>(got));
   }
 }

@@ -27,7 +27,8 @@ class Process {
   void Write(std::string_view text);
   void CloseInput();
 
-  // The next line of its output without the line end. False at the end. Throws ToolError when interrupted.
+  // The next line of its output without the line end. False at the end. Throws ToolError when interrupted or
+  // when it cannot be read.
   bool ReadLine(std::string& line);
 
   // Waits for its end. Throws ToolError with what it said unless it succeeded.

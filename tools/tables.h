@@ -11,6 +11,9 @@
 
 #include "tools/filter_words.h"
 
+// Of keys, positions and pages, which begin with 1.
+inline constexpr LONG kHighestNumber = 2147483647;
+
 enum class Format { kKey, kWord, kText, kDate, kTime };
 
 // One field of a plain record. `listed`: short and telling enough for a list. `mask`: its bit in the masks of

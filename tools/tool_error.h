@@ -31,7 +31,8 @@ class ToolError : public std::runtime_error {
 // What a result code means, in a few words.
 std::string MeaningOf(WORD code);
 
-// Throws a ToolError that names what was being done and what `code` means, unless it is 0.
+// Throws a ToolError that names what was being done, what `code` means and what the database said, unless it
+// is 0. To be called before another call of the library.
 void Check(WORD code, const std::string& doing);
 
 #endif

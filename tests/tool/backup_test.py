@@ -4,6 +4,7 @@ import hashlib
 import json
 import os
 import pathlib
+import resource
 import signal
 import sqlite3
 import stat
@@ -135,6 +136,22 @@ class Backup(SourceCase):
         self.fails(1, "--replace to lose them", "restore", self.name, self.file, "--yes", *self.login)
         self.fails(2, "--yes", "restore", self.name, self.file, "--replace", *self.login)
         self.assertEqual(self.contents(), before)
+
+    def test_a_disk_that_is_full_is_told_and_nothing_is_left_on_it(self):
+        size = 5_000 if self.kind.user else 100_000  # the embedded database has to read itself
+
+        def make_small():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (size, size))
+
+        folder = self.folder / "full"
+        folder.mkdir()
+        result = subprocess.run([TOOL, "backup", self.name, folder / "backup", *self.login], timeout=PATIENCE,
+                                env={**os.environ, **self.environment}, preexec_fn=make_small,
+                                capture_output=True, encoding="utf-8")
+        self.assertEqual(result.returncode, 1, result.stderr)
+        self.assertRegex(result.stderr, "full|write|too large")
+        self.assertEqual(os.listdir(folder), [])
 
     def test_a_backup_is_never_overwritten(self):
         before = self.file.read_bytes()

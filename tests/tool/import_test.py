@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 """Importing CSV files: every field is read back by SQLite, every bad line is named."""
+import os
 import sqlite3
+import subprocess
 import unittest
 
 from tool_case import ToolCase
@@ -158,6 +160,15 @@ class Import(ToolCase):
                    self.file("doctors.csv", "Id,TITLE\n1,x\n"))
         self.fails(1, "is empty", "import", self.practice, "--doctors", self.file("empty.csv", ""))
         self.fails(2, "no file to import", "import", self.practice)
+
+    def test_rows_may_come_from_a_pipe(self):
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        text = PATIENTS + "p-1,1960-01-01,1,Ann,Piped,F\n"
+        with subprocess.Popen(["sh", "-c", f"printf '%s' '{text}' > '{pipe}'"]) as writer:
+            self.done("import", self.practice, "--patients", pipe)
+        self.assertEqual(writer.returncode, 0)
+        self.assertEqual(self.value("SELECT tPatSName FROM TPatient"), "Piped")
 
     def test_more_rows_than_a_transaction_holds_are_all_stored(self):
         rows = "".join(f"p-{n},1960-01-01,{n},Ann,Name {n},F\n" for n in range(1000))

@@ -129,6 +129,8 @@ class Edit(Rows):
                                 ("doctor=many", "is not a whole number"), ("doctor=99999999999", "32 bits"),
                                 ("name=" + "x" * 300, "is longer than")):
             self.fails(2, message, "edit", self.practice, "patient", 1, change, "--yes")
+        self.fails(2, "'name' is given more than once", "edit", self.practice, "patient", 1, "name=a",
+                   "name=b", "--yes")
         self.fails(2, "joined", "edit", self.practice, "patient-doctor", 1, "name=x", "--yes")
         self.fails(1, "no such patient", "edit", self.practice, "patient", 99999, "name=x", "--yes")
         self.assertEqual(self.query("SELECT * FROM TPatient"), before)

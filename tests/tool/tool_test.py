@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
 """The companion program: what it prints and stores, read past it by SQLite."""
+import json
 import os
 import pathlib
 import re
+import sqlite3
 import stat
 import subprocess
 import unittest
@@ -346,9 +348,37 @@ class CommandLine(ToolCase):
         self.fails(2, "the owner is longer than 259 bytes", "get", "dsn:x", "a", "--owner", "x" * 260)
 
     def test_a_command_is_needed_and_must_exist(self):
-        self.assertEqual(self.start().returncode, 2)
-        self.assertEqual(self.start("dance").returncode, 2)
-        self.assertEqual(self.start("list").returncode, 2)
+        self.fails(2, "kyodbc: A subcommand is required; 'kyodbc --help' tells more")
+        self.fails(2, "kyodbc: there is no command 'dance'; there are: init, sample, import", "dance")
+        self.fails(2, "kyodbc: PRACTICE is required; 'kyodbc list --help' tells more", "list")
+        self.fails(2, "'kyodbc --help' tells more", "--colour")
+
+    def test_numbers_that_make_no_sense_are_told_with_those_that_do(self):
+        for arguments in (("list", "x", "patients", "--page", "0"), ("show", "x", "patient", "zero"),
+                          ("edit", "x", "patient", "99999999999", "name=x")):
+            self.fails(2, "not in range 1 to 2147483647", *arguments)
+
+    def test_with_json_a_command_line_that_makes_no_sense_is_told_as_json(self):
+        printed = self.fails(2, "KEY is required", "show", "x", "patient", "--json")
+        self.assertEqual(json.loads(printed)["error"]["exit_code"], 2)
+
+    def test_a_practice_needs_a_name(self):
+        self.fails(2, "the name of the folder is empty", "list", "", "patients")
+        self.fails(2, "the name of the folder is empty", "init", "")
+        self.fails(2, "the name of the data source is missing", "list", "dsn:", "patients")
+
+    def test_a_data_source_that_cannot_be_reached_is_told_with_the_way_to_the_cause(self):
+        self.fails(1, "(code 3); the database said: ", "list", "dsn:nowhere", "patients")
+        self.fails(1, "'kyodbc doctor nowhere' looks for the cause", "list", "dsn:nowhere", "patients")
+
+    def test_what_the_database_said_is_told(self):
+        practice = self.folder / "without images"
+        self.done("init", practice)
+        connection = sqlite3.connect(practice / "practice.db")
+        connection.executescript("DROP VIEW TImageRaw; DROP TABLE TImage")
+        connection.close()
+        self.fails(1, "; the database said: ", "list", practice, "images")
+        self.fails(1, "no such table: TImage", "list", practice, "images")
 
     def test_a_folder_without_a_practice_is_reported_and_stays_as_it_is(self):
         empty = self.folder / "empty"

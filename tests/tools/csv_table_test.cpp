@@ -56,6 +56,12 @@ TEST_F(CsvTableTest, AMissingColumnIsNamed) {
   }
 }
 
+TEST_F(CsvTableTest, TitlesThatCannotBeToldApartAreRefused) {
+  EXPECT_THROW(CsvTable(Write("A,B,A\n1,2,3\n"), {"A", "B"}), ToolError);
+  EXPECT_THROW(CsvTable(Write("A,\"B\"x,C\n1,2,3\n"), {"A"}), ToolError);
+  EXPECT_NO_THROW(CsvTable(Write("A,B,C,C\n1,2,3,4\n"), {"A", "B"}));
+}
+
 TEST_F(CsvTableTest, AMissingAndAnEmptyFileAndAFolderAreRefused) {
   EXPECT_THROW(CsvTable("/nowhere/to/be/found.csv", {"A"}), ToolError);
   EXPECT_THROW(CsvTable(fs::temp_directory_path(), {"A"}), ToolError);

@@ -56,7 +56,13 @@ std::vector<Change> ReadChanges(const Table& table, const EditOptions& options) 
                     fmt::format("a {} is a joined row; edit the patient or the doctor", table.singular));
   }
   std::vector<Change> changes;
-  for (const std::string& word : options.changes) changes.push_back(ReadChange(table, word));
+  for (const std::string& word : options.changes) {
+    const Change change = ReadChange(table, word);
+    const auto same = [&](const Change& other) { return &other.column == &change.column; };
+    if (std::any_of(changes.begin(), changes.end(), same))
+      throw ToolError(kUsage, fmt::format("'{}' is given more than once", change.column.title));
+    changes.push_back(change);
+  }
   return changes;
 }
 
@@ -143,7 +149,7 @@ void AddEdit(CLI::App& program, Action& run) {
   const auto options = std::make_shared<EditOptions>();
   AddPlace(*command, options->place);
   command->add_option("TABLE", options->table, "What to change: " + SingularNames())->required();
-  command->add_option("KEY", options->key, "Its key")->required()->check(CLI::PositiveNumber);
+  command->add_option("KEY", options->key, "Its key")->required()->check(CLI::Range(1, kHighestNumber));
   command->add_option("FIELD=VALUE", options->changes, "A field and its new value; any number of them")
       ->required();
   AddYes(*command, options->yes);

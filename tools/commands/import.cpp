@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -56,7 +57,9 @@ Report ImportFile(const ImportKind& kind, const std::string& file) {
   CsvTable table(file, kind.columns);
   Report report;
   Batches batches;
-  Progress progress(kind.what, std::filesystem::file_size(file));
+  std::error_code not_a_file;  // a pipe, whose size nobody knows
+  const std::uintmax_t size = std::filesystem::file_size(file, not_a_file);
+  Progress progress(kind.what, not_a_file ? 0 : size);
   while (ImportRow(table, kind.store, report)) {
     batches.Step();
     progress.Reach(table.BytesRead());

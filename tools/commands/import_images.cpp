@@ -56,7 +56,10 @@ LONG FindByFile(const tagTIMAGE& wanted) {
   Check(DB_OpenTImg(), "opening the images");
   LONG found = 0;
   tagTIMAGE image{};
-  for (LONG position = 1; found == 0 && DB_GetTImgByPos(position, &image) == KYODBC_OK; ++position) {
+  for (LONG position = 1; found == 0; ++position) {
+    const WORD code = DB_GetTImgByPos(position, &image);
+    if (code == KYODBC_NO_ROW) break;
+    Check(code, "looking for the image");
     if (FieldText(image.szFile) == FieldText(wanted.szFile)) found = image.lImgID;
   }
   Check(DB_CloseTImg(), "closing the images");

@@ -115,7 +115,7 @@ void AddList(CLI::App& program, Action& run) {
   AddBrowse(*command, options->browse, "list");
   command->add_option("--page", options->page, "Which page")
       ->capture_default_str()
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1, kHighestNumber));
   command->add_option("--rows", options->rows, "Rows on a page")
       ->capture_default_str()
       ->check(CLI::Range(1, kMostRows));

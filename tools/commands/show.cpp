@@ -59,7 +59,7 @@ void AddShow(CLI::App& program, Action& run) {
   const auto options = std::make_shared<ShowOptions>();
   AddPlace(*command, options->place);
   command->add_option("TABLE", options->table, "What to show: " + SingularNames())->required();
-  command->add_option("KEY", options->key, "Its key")->required()->check(CLI::PositiveNumber);
+  command->add_option("KEY", options->key, "Its key")->required()->check(CLI::Range(1, kHighestNumber));
   AddJson(*command);
   command->callback([options, &run] { run = [options] { Show(*options); }; });
 }

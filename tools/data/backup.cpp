@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr std::string_view kSourcePrefix = "dsn:";
-
 // Adds up the lines that a program writes or a file holds, with a step of the bar for each.
 template <class ReadLine>
 void AddUp(DumpRows& rows, Progress& progress, const ReadLine& read_line) {
@@ -63,8 +61,8 @@ void DumpUnderLock(Process& dump, std::ofstream& file, PracticeDatabase& lock) {
 }  // namespace
 
 std::filesystem::path SqliteFileOf(const Place& place) {
-  if (!place.practice.starts_with(kSourcePrefix)) return PracticeFolder(place.practice).Database();
-  return FindSource(place.practice.substr(kSourcePrefix.size())).Option("Database");
+  const std::optional<std::string> source = SourceOf(place);
+  return source ? FindSource(*source).Option("Database") : PracticeFolder(place.practice).Database().string();
 }
 
 std::vector<BackedUpTable> TablesOf(PracticeDatabase& database, const std::vector<Shape>& shapes,
@@ -107,6 +105,7 @@ Manifest BackUpSqlite(const Place& place, PracticeDatabase& database, const std:
   Progress progress("reading", RowsIn(database, shapes) * 2);
   const Checksums shown = practice.Sums(shapes, [&] { progress.Step(); });
   SqliteFile copy(file);
+  copy.UseNoFilesBeside();
   practice.CopyTo(copy, [](int, int) { Interruption::Check(); });
   copy.UseSingleFile();
   copy.RequireSound();

@@ -30,8 +30,8 @@ class Copier {
   Copier(PracticeDatabase& source, PracticeDatabase& target);
 
   TargetState State();
-  // Throws ToolError when the source is the target under another name, or an unfinished copy itself: whether a
-  // note written to the one is seen in the other tells it, whatever the two are called.
+  // Throws ToolError when the source is the target under another name, or an unfinished copy itself: whether
+  // a note written to the one is seen in the other tells it, whatever the two are called.
   void RequireOther();
   // Rows of the target that were not made by its schema file.
   std::uint64_t RowsInTarget();

@@ -5,7 +5,7 @@
 #include "tools/data/practice_database.h"
 #include "tools/data/shape.h"
 
-// The key that the next added row would get, as far as the database tells; at least 1. The highest key that there
+// The key that the next added row would get, as far as the database tells; at least 1. The highest key there
 // can be when no row can be added any more.
 LONG NextKey(PracticeDatabase& database, const Shape& shape);
 

@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr const char* kSourcePrefix = "dsn:";
-
 // This driver would make a savepoint before every statement, which is slow and in which a snapshot cannot be
 // shared. Without them an error ends the transaction, as it does here anyway.
 constexpr const char* kOneTransaction = ";Protocol=7.4-1";
@@ -54,7 +52,7 @@ std::string StateOf(const CDBException& exception) {
   return colon == std::string::npos ? "none" : records.substr(colon + 1, records.find(',') - colon - 1);
 }
 
-// PostgreSQL has a state for it, MariaDB numbers of its own: for a database, a table, a column, something else.
+// PostgreSQL has a state for it, MariaDB numbers: for a database, a table, a column, something else.
 bool IsForbidden(const CDBException& exception) {
   const std::string records = exception.m_strStateNativeOrigin.GetString();
   for (const char* sign : {"State:42501,", "Native:1044,", "Native:1142,", "Native:1143,", "Native:1227,"}) {
@@ -92,14 +90,14 @@ void ThrowRefused(CDBException* exception, const std::string& doing) {
 
 PracticeDatabase::PracticeDatabase(const Place& place, const PasswordOf& whose)
     : m_database(std::make_unique<CDatabase>()), m_owner(place.login.owner), m_what(place.practice) {
-  if (!place.practice.starts_with(kSourcePrefix)) {
+  const std::optional<std::string> source = SourceOf(place);
+  if (!source) {
     RequireNoLogin(place);
     const PracticeFolder folder(place.practice);
     folder.RequirePractice();
     m_connect = folder.ConnectText();
   } else {
-    const tagDBCONNECT given =
-        Parameters(place.practice.substr(std::strlen(kSourcePrefix)), place.login, whose);
+    const tagDBCONNECT given = Parameters(*source, place.login, whose);
     m_user = given.szUID;
     m_password = given.szPWD;
     m_connect = "DSN=" + std::string(given.szDSN) + UserPart(m_user) + PasswordPart(m_password);
@@ -199,5 +197,5 @@ void Changes::Commit() {
   m_open = false;
   if (m_database.CommitTrans()) return;
   m_database.Rollback();
-  throw ToolError(kFailed, "the database did not commit the changes");
+  throw ToolError(kFailed, "the database did not commit the changes; KYODBC_LOG=error shows why");
 }

@@ -25,8 +25,8 @@ std::uint64_t RowsOf(const Manifest& manifest) {
   return rows;
 }
 
-// New keys go on above those that the practice had when the backup was made. It comes before everything else: it
-// does no harm when restoring then fails, and an account that has no right to do it changes nothing.
+// New keys go on above those that the practice had when the backup was made. It comes before everything else:
+// it does no harm when restoring then fails, and an account that has no right to do it changes nothing.
 void RaiseCounters(PracticeDatabase& database, const std::vector<Shape>& shapes, const Manifest& manifest) {
   for (const Shape& shape : shapes) {
     for (const BackedUpTable& table : manifest.tables) {
@@ -158,6 +158,7 @@ void RestoreSqlite(const Place& place, PracticeDatabase& database, const std::fi
   SqliteFile practice(SqliteFileOf(place));
   NewFile kept(std::filesystem::path(SqliteFileOf(place)) += ".before-restore");
   SqliteFile old(kept.Temporary());
+  old.UseNoFilesBeside();
   const auto interruptible = [](int, int) { Interruption::Check(); };
   practice.CopyTo(old, interruptible);
   progress.Rename("restoring");

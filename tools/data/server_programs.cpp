@@ -2,15 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <cstring>
-
 #include "tools/data/shape.h"
 #include "tools/doctor/source.h"
 #include "tools/tool_error.h"
 
 namespace {
-
-constexpr const char* kSourcePrefix = "dsn:";
 
 std::string First(const Source& source, std::initializer_list<const char*> keys) {
   for (const char* key : keys) {
@@ -20,10 +16,34 @@ std::string First(const Source& source, std::initializer_list<const char*> keys)
   return {};
 }
 
+struct PqVariable {
+  const char* option;
+  const char* name;
+};
+constexpr PqVariable kPqVariables[] = {
+    {"sslrootcert", "PGSSLROOTCERT"},
+    {"sslcert",     "PGSSLCERT"    },
+    {"sslkey",      "PGSSLKEY"     },
+    {"sslcrl",      "PGSSLCRL"     },
+};
+
+struct MariadbOption {
+  const char* of_driver;
+  const char* of_programs;
+};
+constexpr MariadbOption kMariadbOptions[] = {
+    {"SSLCA",     "--ssl-ca"    },
+    {"SSLCAPATH", "--ssl-capath"},
+    {"SSLCERT",   "--ssl-cert"  },
+    {"SSLKEY",    "--ssl-key"   },
+};
+
 // "sslrootcert=/etc/ca.crt keepalives_idle=10": what of it a program of PostgreSQL takes from its
 // environment.
 std::string PqOption(const std::string& options, const std::string& name) {
-  const std::size_t at = options.find(name + "=");
+  std::size_t at = options.find(name + "=");
+  while (at != std::string::npos && at > 0 && options[at - 1] != ' ' && options[at - 1] != '{')
+    at = options.find(name + "=", at + 1);
   if (at == std::string::npos) return {};
   const std::size_t start = at + name.size() + 1;
   return options.substr(start, options.find_first_of(" }", start) - start);
@@ -37,7 +57,7 @@ void AddIfGiven(std::vector<std::string>& command, const std::string& option, co
 
 ServerPrograms::ServerPrograms(const Place& place, const PracticeDatabase& database)
     : m_system(database.Kind()) {
-  const Source source = FindSource(place.practice.substr(std::strlen(kSourcePrefix)));
+  const Source source = FindSource(SourceOf(place).value());
   m_host = First(source, {"Servername", "SERVER"});
   m_port = First(source, {"Port"});
   m_socket = First(source, {"SOCKET"});
@@ -48,15 +68,17 @@ ServerPrograms::ServerPrograms(const Place& place, const PracticeDatabase& datab
   if (m_system == System::kPostgresql) {
     m_environment["PGPASSWORD"] = password;
     m_environment["PGAPPNAME"] = "kyodbc";
-    const std::string options = source.Option("pqopt");
-    const std::string certificate = PqOption(options, "sslrootcert");
     if (!source.Option("SSLmode").empty()) m_environment["PGSSLMODE"] = source.Option("SSLmode");
-    if (!certificate.empty()) m_environment["PGSSLROOTCERT"] = certificate;
+    for (const PqVariable& variable : kPqVariables) {
+      const std::string value = PqOption(source.Option("pqopt"), variable.option);
+      if (!value.empty()) m_environment[variable.name] = value;
+    }
     return;
   }
   m_environment["MYSQL_PWD"] = password;
   if (!source.Option("FORCETLS").empty() || !source.Option("SSLCA").empty()) m_encryption = {"--ssl"};
-  AddIfGiven(m_encryption, "--ssl-ca", source.Option("SSLCA"));
+  for (const MariadbOption& option : kMariadbOptions)
+    AddIfGiven(m_encryption, option.of_programs, source.Option(option.of_driver));
   if (source.Option("SSLVERIFY") == "1") m_encryption.emplace_back("--ssl-verify-server-cert");
 }
 

@@ -22,6 +22,8 @@ class SqliteFile {
   // old rows or the new ones, and an end in the middle leaves the old ones. Calls `progress` with the pages
   // done and all pages; what that throws ends the copying.
   void CopyTo(SqliteFile& target, const std::function<void(int done, int all)>& progress);
+  // For a file that is thrown away when it is not finished: nothing is written beside it while it is filled.
+  void UseNoFilesBeside() { Execute("PRAGMA journal_mode = MEMORY"); }
   // In one file, without the side files that a journal of the other kind needs.
   void UseSingleFile() { Execute("PRAGMA journal_mode = DELETE"); }
 
