@@ -1,6 +1,7 @@
 #include "platform/field_value.h"
 
 #include <cstring>
+#include <string_view>
 
 #include "platform/coledatetime.h"
 #include "platform/cstring.h"
@@ -9,7 +10,7 @@ namespace {
 
 constexpr LONG kUnassignedNumber = 0x4A4D4120;  // outside the ordinals, too
 constexpr LONG kUnassignedFlag = 255;
-constexpr const char* kUnassignedText = "\xFF";  // can begin no UTF-8 text
+constexpr std::string_view kUnassignedText("\0", 1);  // a text that ends at its first zero cannot be this
 constexpr std::size_t kWidestTime = 29;
 
 // The last `width` digits of `number`.
@@ -66,8 +67,8 @@ void WriteMember(FieldKind kind, const FieldValue& value, void* member) {
 }
 
 const FieldValue& UnassignedValue(FieldKind kind) {
-  static const FieldValue flag = {false, kUnassignedFlag, {}, kUnassignedText};
-  static const FieldValue any = {false, kUnassignedNumber, {}, kUnassignedText};
+  static const FieldValue flag = {false, kUnassignedFlag, {}, std::string(kUnassignedText)};
+  static const FieldValue any = {false, kUnassignedNumber, {}, std::string(kUnassignedText)};
   return kind == FieldKind::kBool ? flag : any;
 }
 
