@@ -10,6 +10,21 @@
 #include "platform/odbc.h"
 #include "platform/result_codes.h"
 
+namespace {
+
+// A statement whose refusal is an answer, and no failure to be told.
+bool Runs(CDatabase& database, const char* sql) {
+  try {
+    database.ExecuteSQL(sql);
+    return true;
+  } catch (CDBException* exception) {
+    exception->Delete();
+    return false;
+  }
+}
+
+}  // namespace
+
 BOOL CDatabase::BeginTrans() {
   if (!CanTransact() || m_bTransactionPending) return FALSE;
   const char* begin = TransactionBegin(*m_facts);
@@ -57,13 +72,7 @@ bool CDatabase::BeginByAttribute() {
 }
 
 // Fails, and that is no failure, when there is no transaction.
-void CDatabase::TryRollback() {
-  try {
-    ExecuteSQL("ROLLBACK");
-  } catch (CDBException* exception) {
-    exception->Delete();
-  }
-}
+void CDatabase::TryRollback() { Runs(*this, "ROLLBACK"); }
 
 bool CDatabase::RunTransactionStatement(const char* sql) {
   try {
@@ -79,8 +88,12 @@ BOOL CDatabase::EndTrans(bool commit) {
   if (m_connection == nullptr || !m_bTransactionPending) return FALSE;
   CountChange();
   if (TransactionBegin(*m_facts) != nullptr) return EndByStatement(commit);
-  // A failed end leaves the transaction pending, so that the caller may still roll it back.
-  if (!odbc::Succeeded(m_connection->EndTransaction(commit))) return FailTransaction();
+  // A failed end leaves the transaction pending, so that the caller may still roll it back. A server that
+  // refuses a commit has rolled back by itself: a second one would succeed, and store nothing.
+  if (!odbc::Succeeded(m_connection->EndTransaction(commit))) {
+    if (commit) DoomTransaction();
+    return FailTransaction();
+  }
   m_bTransactionPending = m_bTransactionDoomed = FALSE;
   // A connection that stayed in the transaction would lose every later change: it is given up.
   if (!odbc::Succeeded(m_connection->SetAutocommit(true))) {
@@ -97,8 +110,7 @@ BOOL CDatabase::EndByStatement(bool commit) {
   const bool ended = RunTransactionStatement(commit ? "COMMIT" : "ROLLBACK");
   if (ended || !commit) m_bTransactionPending = m_bTransactionDoomed = FALSE;
   if (ended || commit || m_connection == nullptr) return ended;
-  const bool outside = RunTransactionStatement(TransactionBegin(*m_facts));
-  if (!outside || !RunTransactionStatement("ROLLBACK")) ReleaseIfDead(true);
+  if (!Runs(*this, TransactionBegin(*m_facts)) || !RunTransactionStatement("ROLLBACK")) ReleaseIfDead(true);
   return FALSE;
 }
 
@@ -111,7 +123,12 @@ bool CDatabase::LogTransactionFailure() const {
   return TellsOfLoss(records);
 }
 
+// As if the framework had raised what it answers: what the driver says is kept for the last failure.
 BOOL CDatabase::FailTransaction() {
-  ReleaseIfDead(LogTransactionFailure());
+  try {
+    AfxThrowDBException(SQL_ERROR, this, SQL_NULL_HSTMT);
+  } catch (CDBException* exception) {
+    klog::Caught(exception, kBadArgument);
+  }
   return FALSE;
 }

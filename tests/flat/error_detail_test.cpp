@@ -130,6 +130,26 @@ TEST_F(ErrorDetail, ARowThatAConstraintRefusesIsNotShown) {
   EXPECT_EQ(failure.message.find("Meyer"), std::string::npos) << failure.message;
 }
 
+// One database looks at a rule only then, and has rolled back when it tells; another refuses the row at once.
+TEST_F(ErrorDetail, ACommitThatTheDatabaseRefusesTellsWhyAndASecondOneStoresNothing) {
+  RunOne({{"ALTER TABLE TStation ADD CONSTRAINT uStation UNIQUE (tStatSName) DEFERRABLE INITIALLY DEFERRED"},
+          {"CREATE UNIQUE INDEX uStation ON TStation (tStatSName)"}});
+  ASSERT_EQ(DB_BeginTransaction(), 0);
+  ASSERT_EQ(AddStation("Meyer"), 0);
+  ASSERT_NE(AddStation("Meyer"), 0);
+  ASSERT_EQ(AddStation("other"), 0);
+  const WORD first = DB_CommitTransaction();
+  if (first != 0) {
+    const Failure failure = LastFailure();
+    ExpectRefusalByDatabase(failure, 1, "DB_CommitTransaction");
+    EXPECT_EQ(failure.message.find("eyer"), std::string::npos) << failure.message;
+  }
+  EXPECT_EQ(DB_CommitTransaction(), 1);
+  EXPECT_EQ(Raw().Count("TStation", "tStatSName = 'other'"), first == 0 ? 1 : 0);
+  ASSERT_EQ(AddStation("alone"), 0);
+  EXPECT_EQ(Raw().Count("TStation", "tStatSName = 'alone'"), 1);
+}
+
 TEST_F(ErrorDetail, WhatATriggerRaisesIsNotShown) {
   RunOne({
       {"CREATE TRIGGER rStation BEFORE INSERT ON TStation BEGIN "
