@@ -2,11 +2,12 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <set>
 #include <stdexcept>
+#include <vector>
 
 namespace support {
 
@@ -30,14 +31,17 @@ void ServerKind::Release(const std::string& database, Tables tables) const {
 }
 
 // Not left to destructors: drivers load libraries that clean up at the end of the process too, and what began
-// last ends first.
+// last ends first. For the same reason each kind has a call at exit of its own: a kind that was made later is
+// gone when that of an earlier one runs.
 void ServerKind::DropAllAtExit() const {
-  static std::set<const ServerKind*> kinds;
-  if (kinds.insert(this).second) {
-    std::atexit([] {
-      for (const ServerKind* kind : kinds) kind->DropAll();
-    });
-  }
+  static std::vector<const ServerKind*> kinds;
+  if (std::find(kinds.begin(), kinds.end(), this) != kinds.end()) return;
+  kinds.push_back(this);
+  std::atexit([] {
+    const ServerKind* last = kinds.back();
+    kinds.pop_back();
+    last->DropAll();
+  });
 }
 
 void ServerKind::DropAll() const noexcept {

@@ -116,6 +116,13 @@ class PostgresqlKind : public ServerKind {
            "UNION ALL SELECT 'DROP TRIGGER IF EXISTS ' || quote_ident(tgname) || ' ON ' || "
            "tgrelid::regclass, "
            "pg_get_triggerdef(oid) FROM pg_trigger WHERE NOT tgisinternal "
+           "UNION ALL SELECT 'ALTER TABLE ' || conrelid::regclass || ' DROP CONSTRAINT IF EXISTS ' || "
+           "quote_ident(conname), pg_get_constraintdef(c.oid) FROM pg_constraint c "
+           "JOIN pg_namespace n ON n.oid = connamespace WHERE conrelid <> 0 AND nspname NOT LIKE 'pg\\_%' "
+           "AND nspname <> 'information_schema' "
+           "UNION ALL SELECT 'DROP INDEX IF EXISTS ' || indexrelid::regclass, pg_get_indexdef(indexrelid) "
+           "FROM pg_index JOIN pg_class r ON r.oid = indexrelid JOIN pg_namespace n ON n.oid = relnamespace "
+           "WHERE nspname NOT LIKE 'pg\\_%' AND indexrelid NOT IN (SELECT conindid FROM pg_constraint) "
            "UNION ALL SELECT 'DROP SCHEMA IF EXISTS ' || quote_ident(nspname) || ' CASCADE', '' "
            "FROM pg_namespace WHERE nspname NOT LIKE 'pg\\_%'";
   }
@@ -183,7 +190,13 @@ class MariadbKind : public ServerKind {
            "UNION ALL SELECT CONCAT('DROP ', routine_type, ' IF EXISTS ', routine_name), routine_definition "
            "FROM information_schema.routines WHERE routine_schema = DATABASE() "
            "UNION ALL SELECT CONCAT('DROP TRIGGER IF EXISTS ', trigger_name), action_statement "
-           "FROM information_schema.triggers WHERE trigger_schema = DATABASE()";
+           "FROM information_schema.triggers WHERE trigger_schema = DATABASE() "
+           "UNION ALL SELECT CONCAT('ALTER TABLE ', table_name, ' DROP CONSTRAINT IF EXISTS ', "
+           "constraint_name), check_clause FROM information_schema.check_constraints "
+           "WHERE constraint_schema = DATABASE() "
+           "UNION ALL SELECT CONCAT('DROP INDEX IF EXISTS ', index_name, ' ON ', table_name), "
+           "GROUP_CONCAT(column_name ORDER BY seq_in_index) FROM information_schema.statistics "
+           "WHERE table_schema = DATABASE() AND index_name <> 'PRIMARY' GROUP BY table_name, index_name";
   }
   void EndOtherSessions(RawOdbc& database) const override { EndSessions(database, "DATABASE()"); }
   void Empty(RawOdbc& database, Tables tables) const override {
