@@ -65,6 +65,7 @@ struct ModelOptions {
   DatabaseFacts facts;
   std::string owner;
   bool full_names_are_tables = false;
+  bool rows_as_read = false;  // visits show rows as they were read, not as they are stored now
 };
 
 class Model {

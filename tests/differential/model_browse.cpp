@@ -17,13 +17,13 @@ int KeyOf(const Row& row) { return std::get<int>(row[0]); }
 
 }  // namespace
 
-// The row at a position as a visit shows it; null for none. With an owner prefix it is the row as last read.
-// Without one it is the row as stored now, or none when it is not stored any more.
+// The row at a position as a visit shows it; null for none. Sets that hold keys show the row as stored now,
+// or none when it is not stored any more; others, as all with an owner prefix, the row as last read.
 RowPtr Model::Visible(Stem stem, int position) const {
   const BrowseSet& set = Set(stem);
   if (position < 1 || position > SizeOf(set)) return nullptr;
   const RowPtr& read = set.rows[static_cast<std::size_t>(position - 1)];
-  if (!m_options.owner.empty()) return read;
+  if (m_options.rows_as_read) return read;
   const Rows stored = Everything(stem);
   const auto now = std::find_if(stored.begin(), stored.end(),
                                 [&](const RowPtr& row) { return KeyOf(*row) == KeyOf(*read); });

@@ -22,7 +22,7 @@ bool GoesWrong(Target& target, Script* script) {
 }
 
 // Empties the fields of records that do not matter.
-void Simplify(Target& target, Script* script) {
+void Simplify(Target& target, Script* script, int tries) {
   for (std::size_t i = 0; i < script->size(); ++i) {
     if ((*script)[i].record.empty()) continue;
     const Packed empty = Packed::Empty(RecordStem((*script)[i]));
@@ -30,6 +30,7 @@ void Simplify(Target& target, Script* script) {
       Packed record(RecordStem((*script)[i]), (*script)[i].record);
       const int at = static_cast<int>(field);
       if (record.Value(at) == empty.Value(at)) continue;
+      if (--tries < 0) return;
       record.Set(at, {});
       Script candidate = *script;
       candidate[i].record = record.Bytes();
@@ -66,7 +67,7 @@ Script Shortest(Target& target, Script script, int tries) {
     if (tries <= 0 || (part == 1 && !shorter)) break;
     part = std::max<std::size_t>(part / 2, 1);
   }
-  Simplify(target, &script);
+  Simplify(target, &script, tries);
   return script;
 }
 

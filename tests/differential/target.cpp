@@ -47,6 +47,7 @@ Target::Target(const std::string& kind, bool full_names, bool owner)
   const support::Tables tables = full_names ? support::Tables::kFullNames : support::Tables::kShortNames;
   m_practice = std::make_unique<support::Practice>(support::PracticeOptions{tables, owner});
   m_options.owner = m_practice->Owner();
+  m_options.rows_as_read = !m_options.owner.empty() || std::getenv("KYODBC_PLAIN_STATEMENTS") != nullptr;
   m_parameters = m_practice->Parameters();
   m_raw = std::make_unique<support::RawOdbc>(*m_practice);
 }
