@@ -198,7 +198,7 @@ void ReplaceImageInTransaction(Answers& answers, const Keys& keys) {
 
 void RollBack(Answers& answers, const Keys&) {
   if (answers.Code("begin", DB_BeginTransaction(), kTransactions) != 0) return;
-  tagTPATIENT patient = Patients::Fill(5);
+  tagTPATIENT patient = Patients::Fill(9);
   answers.Code("add", DB_AddNewTPat(&patient), kAdds);
   if (answers.Code("rollback", DB_RollbackTransaction(), kTransactions) != 0) DB_RollbackTransaction();
 }

@@ -127,6 +127,11 @@ std::vector<Scenario> RowScenarios() {
 
 Keys AddRows() {
   Keys keys;
+  // More patients, selected as the first one is: of several rows some can be changed and some not.
+  for (const int number : {5, 7}) {
+    tagTPATIENT patient = family::Patients::Fill(number);
+    if (DB_AddNewTPat(&patient) != 0) throw std::runtime_error("a patient was not added");
+  }
   AddFirst<family::Doctors>(&keys);
   AddFirst<family::Stations>(&keys);
   AddFirst<family::Units>(&keys);
