@@ -3,6 +3,8 @@
 #define KYODBC_TESTS_FAULTS_SCENARIO_H
 
 #include <map>
+#include <optional>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -21,12 +23,18 @@ class Answers {
   // Notes a position, of which 0 is a failure.
   LONG Position(const char* call, LONG position);
 
+  // Whatever the other answers, the change must be in the database, or must not be.
+  void RequireChange(bool change = true) { m_required = change; }
+
+  bool MayBeBefore() const { return m_required ? !*m_required : !m_all_well; }
+  bool MayBeAfter() const { return !m_required || *m_required; }
   bool AllWell() const { return m_all_well; }
   const std::string& NotAllowed() const { return m_not_allowed; }  // empty: all codes were allowed
   const std::string& Text() const { return m_text; }               // all answers, for a reader
 
  private:
   bool m_all_well = true;
+  std::optional<bool> m_required;
   std::string m_not_allowed;
   std::string m_text;
 };
@@ -42,6 +50,9 @@ struct Scenario {
   bool derives = false;                         // the patient's last display may lag behind
   bool row_by_row = false;                      // changes several rows, each by itself
 };
+
+// GoogleTest would print the bytes, also those between the members.
+inline void PrintTo(const Scenario& scenario, std::ostream* out) { *out << scenario.name; }
 
 std::vector<Scenario> BrowsingScenarios();
 std::vector<Scenario> RowScenarios();

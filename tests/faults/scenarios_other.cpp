@@ -93,7 +93,7 @@ void DeleteCompactPatient(Answers& answers, const Keys& keys) {
   tagPATIENTCOMPACT record = CompactPatient("SL1");
   record.dwID = static_cast<DWORD>(keys.at("TPat"));
   answers.Code("get", DB_GetPat(&record), {1, 3, 21, 31, 52, 64});
-  answers.Code("delete", DB_DeletePat(&record), kDeletes);
+  if (answers.Code("delete", DB_DeletePat(&record), kDeletes) == 0) answers.RequireChange();
 }
 
 tagPATIENTCOMPACT CompactUnit() {
@@ -120,7 +120,7 @@ void DeleteCompactUnit(Answers& answers, const Keys& keys) {
   tagPATIENTCOMPACT record = CompactUnit();
   record.dwID = static_cast<DWORD>(keys.at("TUnit"));
   answers.Code("get", DB_GetUnit(&record), {1, 3, 31, 52, 64, 66});
-  answers.Code("delete", DB_DeleteUnit(&record), kDeletes);
+  if (answers.Code("delete", DB_DeleteUnit(&record), kDeletes) == 0) answers.RequireChange();
 }
 
 // Sets that callers hold themselves pass exceptions on.
@@ -191,9 +191,11 @@ void ReplaceImageInTransaction(Answers& answers, const Keys& keys) {
   if (answers.Code("begin", DB_BeginTransaction(), kTransactions) != 0) return;
   tagTIMAGE image = Replacing(keys);
   const bool done = answers.Code("replace", DB_AddNewTImg(&image), {1, 3, 6, 8, 31, 52, 64}) == 0;
-  if (!done || answers.Code("commit", DB_CommitTransaction(), kTransactions) != 0) {
-    answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
+  if (done && answers.Code("commit", DB_CommitTransaction(), kTransactions) == 0) {
+    return answers.RequireChange();
   }
+  const WORD code = answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
+  if (!done && code == 0) answers.RequireChange(false);
 }
 
 void RollBack(Answers& answers, const Keys&) {
@@ -210,7 +212,7 @@ void ChangeAfterTransaction(Answers& answers, const Keys& keys) {
   tagTSTATION station = family::Stations::Fill(1);
   station.lStatID = keys.at("TStat");
   family::Stations::ChangeText(&station);
-  answers.Code("edit", DB_EditTStat(&station), kWrites);
+  if (answers.Code("edit", DB_EditTStat(&station), kWrites) == 0) answers.RequireChange();
 }
 
 }  // namespace

@@ -54,9 +54,12 @@ WORD DeleteOne(Answers& answers, const Keys& keys) {
   return answers.Code("delete", Table::Delete(&record), kDeletes<Table>);
 }
 
+// These codes tell that the row is there and only its key could not be read.
+bool IsAddedAllTheSame(WORD code) { return code == 1 || code == 52 || code == 64; }
+
 template <class Table>
 void Add(Answers& answers, const Keys& keys) {
-  AddOne<Table>(answers, keys, kAdded);
+  if (IsAddedAllTheSame(AddOne<Table>(answers, keys, kAdded))) answers.RequireChange();
 }
 
 template <class Table>
@@ -68,7 +71,7 @@ template <class Table>
 void GetAndDelete(Answers& answers, const Keys& keys) {
   auto record = Known<Table>(keys);
   answers.Code("get", Table::Get(&record), kGets<Table>);
-  DeleteOne<Table>(answers, keys);
+  if (DeleteOne<Table>(answers, keys) == 0) answers.RequireChange();
 }
 
 // As a careful caller does: commits only what was done whole.
@@ -77,9 +80,10 @@ void Transaction(Answers& answers, const Keys& keys) {
   if (answers.Code("begin", DB_BeginTransaction(), {1, 3}) != 0) return;
   const bool done = AddOne<Table>(answers, keys, kAdded) == 0 && EditOne<Table>(answers, keys) == 0 &&
                     AddOne<Table>(answers, keys, kAddedToo) == 0 && DeleteOne<Table>(answers, keys) == 0;
-  if (!done || answers.Code("commit", DB_CommitTransaction(), {1, 3}) != 0) {
-    answers.Code("rollback", DB_RollbackTransaction(), {1, 3});
-  }
+  if (done && answers.Code("commit", DB_CommitTransaction(), {1, 3}) == 0) return answers.RequireChange();
+  // Whether a commit whose answer failed was one is not known.
+  const WORD code = answers.Code("rollback", DB_RollbackTransaction(), {1, 3});
+  if (!done && code == 0) answers.RequireChange(false);
 }
 
 template <class Table>

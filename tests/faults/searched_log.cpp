@@ -27,7 +27,7 @@ std::string FileText(const fs::path& path) {
 // The texts of the records that scenarios work with. Shorter ones may be part of anything.
 template <class Table>
 void Append(std::set<std::string>* texts) {
-  constexpr int kRecords = 5;
+  constexpr int kRecords = 9;
   constexpr std::size_t kTelling = 6;
   for (int number = 1; number <= kRecords; ++number) {
     const auto record = Table::Fill(number);

@@ -121,7 +121,9 @@ class Memory : public testing::TestWithParam<Scenario> {
   void Check() {
     EXPECT_EQ(m_answers.NotAllowed(), "");
     const State state = m_stage->state->Read();
-    if (state == m_stage->state->Before() && (!m_all_well || m_after == state)) return;
+    const bool may_be_before = m_answers.MayBeBefore() || m_escaped;
+    if (state == m_stage->state->Before() && (may_be_before || m_after == state)) return;
+    EXPECT_TRUE(m_answers.MayBeAfter()) << "what was rolled back is there";
     ++m_stage->changed;
     EXPECT_TRUE(IsAfter(state)) << faults::Difference(m_after, state);
     m_stage->state->PutBack();
