@@ -24,6 +24,9 @@ struct Thrown {
   WORD code;
 };
 
+// GoogleTest would print the bytes, also those between the members.
+void PrintTo(const Thrown& thrown, std::ostream* out) { *out << thrown.name; }
+
 const Thrown kThrown[] = {
     {"DatabaseException",  [] { ThrowDatabaseException(); },                   31},
     {"FrameworkException", [] { throw new CException; },                       31},

@@ -17,6 +17,9 @@ struct Telling {
   bool dead;
 };
 
+// GoogleTest would print the bytes, also those between the members.
+void PrintTo(const Telling& telling, std::ostream* out) { *out << telling.name; }
+
 const Telling kTellings[] = {
     {"LinkFailure",     {{"08S01", 2013}},      false},
     {"NoConnection",    {{"08003"}},            false},
