@@ -3,10 +3,10 @@
 
     fuzz/drive.py BUILD_FOLDER MINUTES NAME
 
-The program's own limit is one of the clock on the wall, which says nothing on a machine that does other work
-too. What every stretch came to is kept in BUILD_FOLDER/stretches.csv, so that they add up. Inputs worth
-keeping go into BUILD_FOLDER/corpus/NAME, finds into BUILD_FOLDER/NAME-crash-... and the like. Exits with 1 at a
-find.
+The program's own limit is one of the clock on the wall, which says nothing on a machine that does other
+work too. What every stretch came to is kept in BUILD_FOLDER/stretches.csv, so that they add up. Inputs worth
+keeping go into BUILD_FOLDER/corpus/NAME, finds into BUILD_FOLDER/NAME-crash-... and the like. Exits with 1
+at a find.
 """
 
 import csv
