@@ -66,8 +66,12 @@ constexpr std::size_t kDerivedColumn = 11;
 std::string Difference(const State& wanted, const State& found) {
   std::string text;
   for (const auto& [table, lines] : wanted) {
-    for (const std::string& line : Without(lines, found.at(table))) text += "\n- " + table + line;
-    for (const std::string& line : Without(found.at(table), lines)) text += "\n+ " + table + line;
+    for (const std::string& line : Without(lines, found.at(table))) {
+      text.append("\n- ").append(table).append(line);
+    }
+    for (const std::string& line : Without(found.at(table), lines)) {
+      text.append("\n+ ").append(table).append(line);
+    }
   }
   return text;
 }
