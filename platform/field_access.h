@@ -11,8 +11,8 @@ struct FieldRef;
 struct FieldAccess {
   // For the RFX functions.
   static void Exchange(CFieldExchange* exchange, const FieldRef& ref);
-  // Whether the first row, which an open or a requery has just made current, is the only one; nothing when the
-  // database does not tell. Members stay, and on true the position.
+  // Whether the first row, which an open or a requery has just made current, is the only one; nothing when
+  // the database does not tell. Members stay, and on true the position.
   static std::optional<bool> IsOnOnlyRow(CRecordset& set);
 };
 

@@ -1,5 +1,5 @@
-// Rows of a query that is looked at once, from the first row on: the cheapest cursor there is. One driver reads
-// the statement through, byte by byte, at each execution of any other. A way back runs the query again.
+// Rows of a query that is looked at once, from the first row on: the cheapest cursor there is. One driver
+// reads the statement through, byte by byte, at each execution of any other. A way back runs the query again.
 #ifndef KYODBC_PLATFORM_ONE_WAY_CURSOR_H
 #define KYODBC_PLATFORM_ONE_WAY_CURSOR_H
 

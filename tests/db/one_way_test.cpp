@@ -1,4 +1,5 @@
-// Sets that look for a row and end read their rows one way; whoever moves to and fro in one sees the same rows.
+// Sets that look for a row and end read their rows one way; whoever moves to and fro in one sees the same
+// rows.
 #include "platform/field_access.h"
 #include "tests/db/toy_set.h"
 
