@@ -8,48 +8,12 @@
 namespace cluster {
 namespace {
 
-void Replace(support::Options* options, const std::string& name, const std::string& value) {
-  for (auto& option : *options) {
+support::Options Replaced(support::Options options, const std::string& name, const std::string& value) {
+  for (auto& option : options) {
     if (option.first == name) option.second = value;
   }
+  return options;
 }
-
-// The proxy's address is the practice's, and the proxy chooses the node.
-class Galera : public Cluster {
- public:
-  support::Options Source(support::Options options) const override { return options; }
-  std::string NodeOf(support::RawOdbc& session) const override {
-    return session.Text("SELECT @@wsrep_node_name");
-  }
-  void Lose(const std::string& node) override { m_nodes.Kill(node); }
-  void BringBack(const std::string& node) override { m_nodes.Resume(node); }
-
- private:
-  support::OwnCluster m_nodes{"galera"};
-};
-
-// The driver tries the hosts in turn until one takes changes.
-class Standby : public Cluster {
- public:
-  support::Options Source(support::Options options) const override {
-    Replace(&options, "Servername", "127.0.0.1,127.0.0.2");
-    options.emplace_back("pqopt", "target_session_attrs=read-write");
-    return options;
-  }
-  std::string NodeOf(support::RawOdbc& session) const override {
-    return session.Text("SELECT host(inet_server_addr())") == "127.0.0.1" ? kFirst : kSecond;
-  }
-  void Lose(const std::string& node) override {
-    m_nodes.Kill(node);
-    m_nodes.Promote(node == kFirst ? kSecond : kFirst);
-  }
-  void BringBack(const std::string& node) override { m_nodes.Resume(node); }
-
- private:
-  static constexpr const char* kFirst = "primary";
-  static constexpr const char* kSecond = "standby";
-  support::OwnCluster m_nodes{"standby"};
-};
 
 std::unique_ptr<Cluster> the_cluster;
 
@@ -72,7 +36,58 @@ class ClusterForAllTests : public testing::Environment {
 
 }  // namespace
 
+support::Options Galera::SourceAt(const std::string& node, support::Options options) const {
+  return Replaced(Replaced(std::move(options), "SERVER", m_nodes.Host(node)), "PORT",
+                  std::to_string(m_nodes.Port(node)));
+}
+
+std::string Galera::NodeOf(support::RawOdbc& session) const {
+  return session.Text("SELECT @@wsrep_node_name");
+}
+
+// A host that does not answer at all is given up after two seconds, and so is a session with one. (The driver
+// refuses connect_timeout in pqopt: it sets the login time-out there.)
+support::Options Standby::Source(support::Options options) const {
+  options = Replaced(std::move(options), "Servername", m_nodes.Host(kFirst) + "," + m_nodes.Host(kSecond));
+  options.emplace_back("pqopt",
+                       "target_session_attrs=read-write keepalives_idle=1 keepalives_interval=1 "
+                       "tcp_user_timeout=2000");
+  return options;
+}
+
+support::Options Standby::SourceAt(const std::string& node, support::Options options) const {
+  return Replaced(std::move(options), "Servername", m_nodes.Host(node));
+}
+
+std::string Standby::NodeOf(support::RawOdbc& session) const {
+  return session.Text("SELECT host(inet_server_addr())") == m_nodes.Host(kFirst) ? kFirst : kSecond;
+}
+
+void Standby::Kill(const std::string& node) {
+  m_nodes.Kill(node);
+  m_nodes.Promote(Other(node));
+}
+
+void Standby::Cut(const std::string& node) {
+  m_nodes.Cut(node);
+  m_nodes.Promote(Other(node));
+}
+
+// From its own files or from a copy of the other's.
+void Standby::BringBackKilled(const std::string& node, int round) {
+  m_nodes.Resume(node + (round % 2 == 0 ? "" : " copy"));
+}
+
+// It still believes that it leads: it must never be reached as what it was.
+void Standby::BringBackCut(const std::string& node, int round) {
+  m_nodes.Kill(node);
+  m_nodes.Mend(node);
+  BringBackKilled(node, round);
+}
+
 Cluster& TheCluster() { return *the_cluster; }
+
+Galera* TheGalera() { return dynamic_cast<Galera*>(the_cluster.get()); }
 
 int Rounds() {
   const char* rounds = std::getenv("KYODBC_TEST_ROUNDS");

@@ -84,6 +84,13 @@ int OwnProcesses::Port(const std::string& name) const {
   return port;
 }
 
+std::string OwnProcesses::Host(const std::string& name) const {
+  std::ifstream file(m_folder / (name + ".host"));
+  std::string host;
+  if (!(file >> host)) throw std::runtime_error("no host of " + name);
+  return host;
+}
+
 OwnServer::OwnServer(const std::string& name) : OwnProcesses("servers", name), m_name(name) {}
 
 OwnCluster::OwnCluster(const std::string& kind) : OwnProcesses("cluster", kind) {}

@@ -16,6 +16,7 @@ class OwnProcesses {
 
   const std::filesystem::path& Folder() const { return m_folder; }  // gone when the processes are
   int Port(const std::string& name) const;                          // of FOLDER/name.port
+  std::string Host(const std::string& name) const;                  // of FOLDER/name.host
 
  protected:
   OwnProcesses(const std::string& script, const std::string& what);
@@ -50,9 +51,13 @@ class OwnCluster : public OwnProcesses {
  public:
   explicit OwnCluster(const std::string& kind);  // "galera" or "standby"
 
+  // Where several nodes can be named, blanks separate them.
   void Kill(const std::string& node) { Run("halt", node + " kill"); }
-  void Resume(const std::string& nodes) { Run("resume", nodes); }  // several are separated by blanks
+  void Resume(const std::string& nodes) { Run("resume", nodes); }
   void Promote(const std::string& node) { Run("promote", node); }
+  void Cut(const std::string& nodes) { Run("cut", nodes); }
+  void Mend(const std::string& nodes) { Run("mend", nodes); }
+  void Await(const std::string& nodes) { Run("await", nodes); }
 };
 
 }  // namespace support

@@ -17,7 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* kUser = "practice";
 constexpr const char* kPassword = "secret";
-constexpr const char* kHost = "127.0.0.1";
 
 // Where the servers wrote `name`.port.
 std::string Port(const std::string& name) {
@@ -27,6 +26,14 @@ std::string Port(const std::string& name) {
   std::string port;
   if (!(file >> port)) throw std::runtime_error("no server " + name + " in " + folder);
   return port;
+}
+
+// Where they are: on loopback, unless they wrote `name`.host.
+std::string Host(const std::string& name) {
+  const char* folder = std::getenv("KYODBC_TEST_SERVERS");
+  std::ifstream file(fs::path(folder != nullptr ? folder : "") / (name + ".host"));
+  std::string host;
+  return file >> host ? host : "127.0.0.1";
 }
 
 std::string ConnectionString(const std::string& driver, const Options& options) {
@@ -67,7 +74,7 @@ class PostgresqlKind : public ServerKind {
   }
   Options SourceOptions(const std::string& database) const override {
     return {
-        {"Servername",         kHost             },
+        {"Servername",         Host("postgresql")},
         {"Port",               Port("postgresql")},
         {"Database",           database          },
         {"UpdatableCursors",   "0"               },
@@ -148,7 +155,7 @@ class MariadbKind : public ServerKind {
   }
   Options SourceOptions(const std::string& database) const override {
     return {
-        {"SERVER",       kHost          },
+        {"SERVER",       Host("mariadb")},
         {"PORT",         Port("mariadb")},
         {"DATABASE",     database       },
         {"OPTION",       "2"            },

@@ -74,6 +74,12 @@ GRANT ALL ON *.* TO $user@localhost WITH GRANT OPTION;
 TEXT
 }
 
+# A process that has ended counts as gone before whoever started it has noticed.
+lives() {
+  local stat
+  read -r stat 2>/dev/null <"/proc/$1/stat" && [[ ${stat##*) } != Z* ]]
+}
+
 # Ends the process whose id the server wrote into a file, and waits until it is gone. The file of a killed
 # server would later name someone else's process.
 end_process() {
@@ -81,12 +87,12 @@ end_process() {
   [[ -r $file ]] || return 0
   pid=$(head -1 "$file")
   kill "-$signal" "$pid" 2>/dev/null || return 0
-  for attempt in $(seq 1 300); do
-    if ! kill -0 "$pid" 2>/dev/null; then
+  for attempt in $(seq 1 600); do
+    if ! lives "$pid"; then
       rm -f "$file"
       return 0
     fi
-    sleep 0.1
+    sleep 0.05
   done
   kill -9 "$pid" 2>/dev/null || true
   rm -f "$file"
