@@ -126,8 +126,10 @@ bool Program::Browse() {
   return true;
 }
 
+// A person takes longer to press a key.
 bool Program::Step() {
   constexpr unsigned kKinds = 6;
+  std::this_thread::sleep_for(std::chrono::milliseconds(1));
   if (m_stations.size() > kFewStations) return Delete();
   switch (m_random() % kKinds) {
     case 0:
@@ -171,6 +173,19 @@ void Program::Heal() {
   ASSERT_EQ(code, 0) << "after " << took.count() << " s";
   EXPECT_LT(took, kLoginTimeout);
   m_counts.healing.push_back(took.count());
+}
+
+void Program::ExpectRefusals(std::chrono::milliseconds time) {
+  const auto end = Clock::now() + time;
+  do {
+    tagTSTATION station = NewStation();
+    LONG number = 0;
+    EXPECT_FALSE(Told("DB_AddNewTStat, alone", DB_AddNewTStat(&station), kAdd));
+    EXPECT_FALSE(Told("DB_GetNumTPat, alone", DB_GetNumTPat(&number), kOpen));
+    EXPECT_FALSE(Told("DB_GetTStatByPos, alone", DB_GetTStatByPos(1, &station), kRow));
+    EXPECT_FALSE(Told("DB_OpenTPat, alone", DB_OpenTPat(), kOpen));
+  } while (Clock::now() < end);
+  m_failed_at = Clock::now();
 }
 
 void Program::SettleStations(std::map<std::string, int>& found) {

@@ -52,6 +52,8 @@ class Program {
   bool WorkFor(std::chrono::milliseconds time);
   // Calls DB_OpenTPat until it gives 0, which must be within the login time-out.
   void Heal();
+  // For so long no call gives 0, and none shows a row.
+  void ExpectRefusals(std::chrono::milliseconds time);
   // Compares what is stored, row by row, with what was acknowledged, and settles what was not.
   void Compare(support::RawOdbc& session, const std::string& where);
   // The same through the library's reopened sets. Compare comes first.

@@ -51,10 +51,10 @@ class OwnCluster : public OwnProcesses {
  public:
   explicit OwnCluster(const std::string& kind);  // "galera" or "standby"
 
-  // Where several nodes can be named, blanks separate them.
   void Kill(const std::string& node) { Run("halt", node + " kill"); }
-  void Resume(const std::string& nodes) { Run("resume", nodes); }
   void Promote(const std::string& node) { Run("promote", node); }
+  // Blanks separate several nodes.
+  void Resume(const std::string& nodes) { Run("resume", nodes); }
   void Cut(const std::string& nodes) { Run("cut", nodes); }
   void Mend(const std::string& nodes) { Run("mend", nodes); }
   void Await(const std::string& nodes) { Run("await", nodes); }
