@@ -117,6 +117,7 @@ bool CDBConnection::Holds(const void* object) const {
 WORD CDBConnection::Connect() {
   if (IsOpen()) return kNotOpened;
   // A connection that died has left its objects behind; the sets belong to the old database.
+  RememberBrowsing();
   const WORD closed = CloseAll();
   if (closed != kOk) return closed;
   m_pDatabase = new (std::nothrow) CDatabase;
@@ -126,6 +127,38 @@ WORD CDBConnection::Connect() {
   if (!Ping()) return GiveUp(kNotOpened);
   const WORD created = CreateSets();
   return created == kOk ? kOk : GiveUp(created);
+}
+
+void CDBConnection::RememberBrowsing() {
+  auto kept = m_browsing.begin();
+  ForEachSet([&](const CKyRecSet* set) {
+    if (set != nullptr && set->m_strFilter != kept->fresh) kept->filter = set->m_strFilter;
+    if (set != nullptr && set->m_lSortIndex != 0) {
+      kept->sort = set->m_strSort;
+      kept->sort_index = set->m_lSortIndex;
+    }
+    ++kept;
+  });
+}
+
+void CDBConnection::ForgetBrowsing() {
+  for (Browsing& kept : m_browsing) kept = {kept.fresh, CString(), CString(), 0};
+}
+
+CKyRecSet* CDBConnection::SetAsItWas(LONG number) {
+  CKyRecSet* found = nullptr;
+  LONG each = 0;
+  ForEachSet([&](CKyRecSet* set) {
+    if (++each == number) found = set;
+  });
+  if (found == nullptr) return nullptr;
+  const Browsing& kept = m_browsing[static_cast<std::size_t>(number) - 1];
+  if (found->m_strFilter == kept.fresh && !kept.filter.IsEmpty()) found->m_strFilter = kept.filter;
+  if (found->m_lSortIndex == 0 && kept.sort_index != 0) {
+    found->m_strSort = kept.sort;
+    found->m_lSortIndex = kept.sort_index;
+  }
+  return found;
 }
 
 // The failure that led here is the answer, not one of closing what little there is.
@@ -174,6 +207,8 @@ WORD CDBConnection::CreateSets() {
       using Set = std::remove_reference_t<decltype(*set)>;
       if (set == nullptr) set = new Set(m_pDatabase, owner);
     });
+    auto kept = m_browsing.begin();
+    ForEachSet([&](const CKyRecSet* set) { (kept++)->fresh = set->m_strFilter; });
   } catch (CDBException* exception) {
     return klog::Caught(exception, kSetsNotCreated);
   } catch (CException* exception) {

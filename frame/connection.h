@@ -2,6 +2,7 @@
 #ifndef KYODBC_FRAME_CONNECTION_H
 #define KYODBC_FRAME_CONNECTION_H
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 #include <thread>
@@ -17,6 +18,7 @@ class CDiagRec;
 class CDrRec;
 class CGrpRec;
 class CImgRec;
+class CKyRecSet;
 class CMakRec;
 class CPatExRec;
 class CPatRec;
@@ -44,6 +46,12 @@ class CDBConnection {
   // Returns 0 when the connection answers, 57 when it had died and was made again with new browse sets, 30
   // when neither came true in five attempts.
   WORD KeepAlive();
+
+  // The browse set with a number of KyODBCDiag.h, with the filter and the sort that it had before the connection
+  // was last made anew, unless it was given others since. Null for other numbers and without a connection.
+  CKyRecSet* SetAsItWas(LONG number);
+  // Forgets filters and sorts of earlier connections.
+  void ForgetBrowsing();
 
   CString Owner() const { return m_Params.szOwner; }
   // What Connect passes to the database: "DSN=...;UID=...;PWD=..." of the parts given, in braces where a
@@ -85,12 +93,24 @@ class CDBConnection {
   std::thread::id m_ClosedBy;  // the thread of the last CloseAll
 
  private:
+  // How a set is read; `fresh` is its filter when it is new.
+  struct Browsing {
+    CString fresh;
+    CString filter;
+    CString sort;
+    LONG sort_index = 0;
+  };
+  static constexpr std::size_t kSets = 11;
+
   template <class Function>
   void ForEachSet(Function function);
+  void RememberBrowsing();
   bool IsOpen() const { return m_pDatabase != nullptr && m_pDatabase->IsOpen(); }
   WORD OpenDatabase();
   WORD CreateSets();
   WORD GiveUp(WORD code);
+
+  std::array<Browsing, kSets> m_browsing;  // of earlier connections, in the order of the sets
 };
 
 CDBConnection& TheConnection();

@@ -63,6 +63,7 @@ WORD Initialise(CDBConnection& connection, const tagDBCONNECT& parameters) {
   const WORD code = connection.Connect();
   if (code != kOk) return code;
   connection.m_bWanted = true;
+  connection.ForgetBrowsing();
   ReadLibrarySettings(connection);
   return kOk;
 }
@@ -85,6 +86,7 @@ WORD DB_CloseDatabase() {
   return flat::Code(&connection, [&] {
     connection.m_bWanted = false;
     connection.ForgetPassword();
+    connection.ForgetBrowsing();
     return connection.CloseAll();
   });
 }

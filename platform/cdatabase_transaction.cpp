@@ -117,8 +117,9 @@ BOOL CDatabase::EndByStatement(bool commit) {
 bool CDatabase::LogTransactionFailure() const {
   const odbc::Diagnostics records = m_connection->Diagnose();
   for (const odbc::DiagRecord& record : records) {
-    klog::Error(fmt::format("transaction: {} {} {}", record.state, record.native,
-                            klog::MaskedMessage(record.state, record.message)));
+    klog::Error(fmt::format("transaction: {} {} {}{}", record.state, record.native,
+                            klog::MaskedMessage(record.state, record.message),
+                            klog::ConflictNote(record.state)));
   }
   return TellsOfLoss(records);
 }

@@ -110,18 +110,17 @@ std::string MaskedMessage(std::string_view state, std::string_view message, int 
   return TheLog().values ? std::string(message) : masking::Message(state, native, message);
 }
 
-namespace {
+const char* ConflictNote(std::string_view state) {
+  return refusal::IsConflict(state) ? "; a conflict with another change, which may be tried again" : "";
+}
 
-// Two changes met, and the database took the other one: a deadlock, or another node of a cluster was first.
-bool IsConflict(std::string_view state) { return state == "40001" || state == "40P01"; }
+namespace {
 
 void LogRefusal(const CDBException& exception, WORD code) {
   const refusal::Origin origin = refusal::OriginOf(exception);
-  Error(fmt::format(
-      "code {}: {} ({}){}", code,
-      MaskedMessage(origin.state.View(), exception.m_strError.View(), origin.native),
-      exception.m_strStateNativeOrigin.View(),
-      IsConflict(origin.state.View()) ? "; a conflict with another change, which may be tried again" : ""));
+  Error(fmt::format("code {}: {} ({}){}", code,
+                    MaskedMessage(origin.state.View(), exception.m_strError.View(), origin.native),
+                    exception.m_strStateNativeOrigin.View(), ConflictNote(origin.state.View())));
 }
 
 }  // namespace

@@ -27,6 +27,9 @@ void Error(std::string_view message);
 // remembers what it said (refusal.h), deletes it and returns the code.
 WORD Caught(CDBException* exception, WORD code);
 
+// What a logged message adds for a conflict of two changes; empty for other SQLSTATEs.
+const char* ConflictNote(std::string_view state);
+
 // One executed statement and the time it took, at debug level.
 void Statement(std::string_view sql, std::chrono::steady_clock::duration time);
 

@@ -68,4 +68,8 @@ Origin OriginOf(const CDBException& exception) {
   return origin;
 }
 
+bool IsConflict(std::string_view state) { return state == "40001" || state == "40P01"; }
+
+bool IsConflict(const CDBException& exception) { return IsConflict(OriginOf(exception).state.View()); }
+
 }  // namespace refusal

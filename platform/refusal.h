@@ -3,6 +3,8 @@
 #ifndef KYODBC_PLATFORM_REFUSAL_H
 #define KYODBC_PLATFORM_REFUSAL_H
 
+#include <string_view>
+
 #include "platform/cdbexception.h"
 #include "platform/types.h"
 
@@ -32,6 +34,11 @@ struct Origin {
   LONG native = 0;
 };
 Origin OriginOf(const CDBException& exception);
+
+// Two changes met, and the database took the other one: a deadlock, or another node of a cluster was first. `state`
+// is an SQLSTATE.
+bool IsConflict(std::string_view state);
+bool IsConflict(const CDBException& exception);
 
 }  // namespace refusal
 

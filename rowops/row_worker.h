@@ -12,6 +12,7 @@
 
 #include "platform/field_access.h"
 #include "platform/log.h"
+#include "platform/refusal.h"
 #include "platform/result_codes.h"
 #include "recset/key_filter.h"
 #include "recset/kyrecset.h"
@@ -75,23 +76,26 @@ void PutKey(Record* record, LONG key) {
 }
 
 // Stands `set` on the one row that `record` describes. Returns 0; 1 when the record has neither a key nor
-// a complete natural key; the table's code for no row; 52 for several; 3 when the rows cannot be read.
+// a complete natural key; the table's code for no row; 52 for several; 3 when the rows cannot be read. A database
+// may tell of a conflict as late as here, of any change of the transaction: that gives `conflict`.
 template <class Rules>
-WORD FindRow(ShortLived<typename Rules::Set>& set, const typename Rules::Record& record) {
+WORD FindRow(ShortLived<typename Rules::Set>& set, const typename Rules::Record& record,
+             WORD conflict = kNotOpened) {
   try {
     if (!set.SelectRow(&record)) return kBadArgument;
     if (!set.OpenRows()) return kNotOpened;
     const WORD code = set.FindUnique();
     return code == kNoRow ? Rules::kNotFound : code;
   } catch (CDBException* exception) {
-    return klog::Caught(exception, kNotOpened);
+    return klog::Caught(exception, refusal::IsConflict(*exception) ? conflict : kNotOpened);
   }
 }
 
 // As FindRow, and 8 for a protected default row.
 template <class Rules>
-WORD FindChangeableRow(ShortLived<typename Rules::Set>& set, const typename Rules::Record& record) {
-  const WORD found = FindRow<Rules>(set, record);
+WORD FindChangeableRow(ShortLived<typename Rules::Set>& set, const typename Rules::Record& record,
+                       WORD conflict) {
+  const WORD found = FindRow<Rules>(set, record, conflict);
   if (found != kOk) return found;
   if constexpr (Rules::kProtectsDefaultRow) {
     if (set.m_lID == 1 || set.m_strName == "-") return kDeleteFailed;
@@ -182,7 +186,7 @@ template <class Rules>
 WORD EditSelected(const typename Rules::Set& browse, typename Rules::Record* record, DWORD mask) {
   ShortLived<typename Rules::Set> set(browse);
   set.m_dwFieldMask = mask;
-  const WORD found = FindChangeableRow<Rules>(set, *record);
+  const WORD found = FindChangeableRow<Rules>(set, *record, kWriteFailed);
   if (found != kOk) return found;
   try {
     set.Edit();
@@ -201,7 +205,7 @@ WORD EditSelected(const typename Rules::Set& browse, typename Rules::Record* rec
 template <class Rules>
 WORD DeleteRow(const typename Rules::Set& browse, const typename Rules::Record& record) {
   ShortLived<typename Rules::Set> set(browse);
-  const WORD found = FindChangeableRow<Rules>(set, record);
+  const WORD found = FindChangeableRow<Rules>(set, record, kDeleteFailed);
   if (found != kOk) return found;
   try {
     set.Delete();
@@ -220,7 +224,7 @@ WORD DeleteAllRows(ShortLived<Set>& set, WORD none, Prepare prepare) {
   try {
     if (!set.OpenRows()) return kNotOpened;
   } catch (CDBException* exception) {
-    return klog::Caught(exception, kNotOpened);
+    return klog::Caught(exception, refusal::IsConflict(*exception) ? kDeleteFailed : kNotOpened);
   }
   if (set.IsEOF()) return none;
   if (!prepare()) return kDeleteFailed;

@@ -159,7 +159,7 @@ Names ExpectedNames() {
   return names;
 }
 
-Names ExpectedExtensions() { return {"DB_GetLastErrorDetail"}; }
+Names ExpectedExtensions() { return {"DB_GetLastErrorDetail", "DB_ReopenAtKey"}; }
 
 const std::vector<std::string> kClasses = {
     "CObject",      "CRuntimeClass",  "CString",      "CDatabase",   "CRecordset",   "CFieldExchange",

@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <initializer_list>
 
 namespace cluster {
 namespace {
@@ -17,6 +20,17 @@ support::Options Replaced(support::Options options, const std::string& name, con
 
 std::unique_ptr<Cluster> the_cluster;
 
+// What a cluster needs beside the servers. Without it the tests are left out.
+void ExpectPrograms(std::initializer_list<const char*> files) {
+  for (const char* file : files) {
+    if (std::filesystem::exists(file)) continue;
+    constexpr int kLeftOut = 77;
+    std::printf("left out: there is no %s; ./dev setup installs it\n", file);
+    std::fflush(stdout);
+    std::_Exit(kLeftOut);
+  }
+}
+
 class ClusterForAllTests : public testing::Environment {
  public:
   void SetUp() override {
@@ -25,6 +39,7 @@ class ClusterForAllTests : public testing::Environment {
       the_cluster = std::make_unique<Standby>();
     } else {
       setenv("KYODBC_TEST_DB", "mariadb", 1);
+      ExpectPrograms({"/usr/sbin/haproxy", "/usr/lib/galera/libgalera_smm.so"});
       the_cluster = std::make_unique<Galera>();
     }
   }

@@ -7,19 +7,13 @@
 #include <future>
 #include <thread>
 
-#include "tests/cluster/a_cluster.h"
+#include "tests/cluster/cluster_test.h"
 #include "tests/cluster/program.h"
-#include "tests/support/database_kind.h"
-#include "tests/support/odbc_home.h"
-#include "tests/support/practice.h"
-#include "tests/support/records.h"
 
 namespace cluster {
 namespace {
 
 using std::chrono::milliseconds;
-using support::CurrentKind;
-
 // How long a loss may go unnoticed.
 constexpr milliseconds kUnnoticed{40000};
 
@@ -28,51 +22,16 @@ unsigned Seed() {
   return seed != nullptr ? static_cast<unsigned>(std::atoi(seed)) : std::random_device{}();
 }
 
-class NodeLoss : public testing::Test {
+class NodeLoss : public ClusterTest {
  protected:
   void SetUp() override {
     const unsigned seed = Seed();
     std::printf("KYODBC_TEST_SEED=%u\n", seed);
     m_random.seed(seed);
     m_program = std::make_unique<Program>(seed);
-    const support::Options options = CurrentKind().SourceOptions(m_practice.Database());
-    m_source = AddSource(TheCluster().Source(options));
-    for (const std::string& node : TheCluster().Nodes()) {
-      m_source_at[node] = AddSource(TheCluster().SourceAt(node, options));
-    }
     ASSERT_EQ(Connect(m_source), 0);
     m_program->Begin();
   }
-  void TearDown() override { EXPECT_EQ(DB_CloseDatabase(), 0); }
-
-  static std::string AddSource(const support::Options& options) {
-    const std::string name = support::OdbcHome::FreshName();
-    support::OdbcHome::Hold()->AddSource(name, CurrentKind().DriverName(), options);
-    return name;
-  }
-  WORD Connect(const std::string& source) {
-    tagDBCONNECT parameters = m_practice.Parameters();
-    support::SetText(parameters.szDSN, source);
-    return DB_InitDatabase(&parameters);
-  }
-  static std::string Text(const std::string& source) {
-    return "DSN=" + source + ";UID=" + CurrentKind().User() + ";PWD=" + CurrentKind().Password();
-  }
-
-  // The proxy may find out later than the library that a node is back.
-  static std::unique_ptr<support::RawOdbc> Patiently(const std::string& source) {
-    const auto end = Clock::now() + kUnnoticed;
-    for (;;) {
-      try {
-        auto raw = std::make_unique<support::RawOdbc>(Text(source));
-        raw->Number("SELECT COUNT(*) FROM TStation");
-        return raw;
-      } catch (const std::runtime_error&) {
-        if (Clock::now() > end) throw;
-      }
-    }
-  }
-
   // The node that the library is connected to, after connecting anew.
   std::string NodeInUse() {
     EXPECT_EQ(DB_CloseDatabase(), 0);
@@ -81,10 +40,14 @@ class NodeLoss : public testing::Test {
   }
 
   void HealAndCompare() {
-    m_program->Heal();
-    ASSERT_FALSE(HasFatalFailure());
-    m_program->Compare(*Patiently(m_source), "after the loss");
-    m_program->CompareBrowsing();
+    constexpr int kHealings = 10;
+    for (int healing = 0; healing < kHealings; ++healing) {
+      m_program->Heal();
+      ASSERT_FALSE(HasFatalFailure());
+      m_program->Compare(*Patiently(m_source), "after the loss");
+      if (m_program->CompareBrowsing()) return;
+    }
+    FAIL() << "the cluster does not come to rest";
   }
 
   // Works while `breaking` runs in a thread of its own, until a call fails.
@@ -131,10 +94,18 @@ class NodeLoss : public testing::Test {
       MendWhileWorking([&] { (TheCluster().*bring_back)(node, m_rounds); });
       ASSERT_FALSE(HasFatalFailure());
       CompareNodes();
+      TellNowAndThen();
     }
-    Tell();
   }
 
+  void TearDown() override {
+    if (m_rounds > 0) Tell();
+    ClusterTest::TearDown();
+  }
+  void TellNowAndThen() {
+    constexpr int kNow = 20;
+    if ((m_rounds + 1) % kNow == 0) Tell();
+  }
   void Tell() {
     Counts& counts = m_program->Counted();
     std::sort(counts.healing.begin(), counts.healing.end());
@@ -154,11 +125,8 @@ class NodeLoss : public testing::Test {
     EXPECT_EQ(counts.damage.lost + counts.damage.doubled + counts.damage.torn, 0);
   }
 
-  support::Practice m_practice;
   std::mt19937 m_random;
   std::unique_ptr<Program> m_program;
-  std::string m_source;
-  std::map<std::string, std::string> m_source_at;
   int m_rounds = 0;
   int m_disturbed = 0;
 };
@@ -168,6 +136,10 @@ TEST_F(NodeLoss, TheNodeInUseIsKilledAndComesBack) {
 }
 
 TEST_F(NodeLoss, TheNetworkOfTheNodeInUseIsCutAndMended) {
+  // A stopped server on a machine that is up still takes connections: only the login time-out ends those.
+  if (TheGalera() == nullptr && std::getenv("KYODBC_OWN_NETWORK") == nullptr) {
+    GTEST_SKIP() << "without a network of its own no cable can be cut";
+  }
   LoseTheNodeInUse(&Cluster::Cut, &Cluster::BringBackCut);
 }
 
@@ -214,8 +186,8 @@ TEST_F(MajorityLoss, TwoOfThreeNodesAreLostAndComeBack) {
   for (; m_rounds < Rounds() && !HasFailure(); ++m_rounds) {
     SCOPED_TRACE("round " + std::to_string(m_rounds));
     Round();
+    TellNowAndThen();
   }
-  Tell();
 }
 
 }  // namespace

@@ -239,22 +239,23 @@ void Program::Compare(support::RawOdbc& session, const std::string& where) {
   m_open.reset();
 }
 
-void Program::CompareBrowsing() {
-  ASSERT_EQ(DB_OpenTStat(), 0);
+bool Program::CompareBrowsing() {
   LONG rows = 0;
-  ASSERT_EQ(DB_GetTStatMaxPos(&rows), 0);
+  if (!Told("DB_OpenTStat", DB_OpenTStat(), kOpen)) return false;
+  if (!Told("DB_GetTStatMaxPos", DB_GetTStatMaxPos(&rows), kCount)) return false;
   EXPECT_EQ(rows, static_cast<LONG>(m_stations.size()) + 1);
   for (LONG position = 1; position <= rows; ++position) {
     tagTSTATION station{};
-    ASSERT_EQ(DB_GetTStatByPos(position, &station), 0);
+    if (!Told("DB_GetTStatByPos", DB_GetTStatByPos(position, &station), kRow)) return false;
     const std::string name = support::Text(station.szName);
     if (name == "-") continue;
-    ASSERT_TRUE(m_stations.contains(name)) << name;
+    EXPECT_TRUE(m_stations.contains(name)) << name;
     m_stations[name] = support::Val(station.lStatID);
   }
   tagTPATIENT patient{};
-  ASSERT_EQ(DB_GetTPatByPos(1, &patient), 0);
+  if (!Told("DB_GetTPatByPos", DB_GetTPatByPos(1, &patient), kRow)) return false;
   EXPECT_EQ(support::Text(patient.szFirstname), std::to_string(m_edits));
+  return true;
 }
 
 }  // namespace cluster

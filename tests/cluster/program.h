@@ -56,8 +56,9 @@ class Program {
   void ExpectRefusals(std::chrono::milliseconds time);
   // Compares what is stored, row by row, with what was acknowledged, and settles what was not.
   void Compare(support::RawOdbc& session, const std::string& where);
-  // The same through the library's reopened sets. Compare comes first.
-  void CompareBrowsing();
+  // The same through the library's reopened sets. Compare comes first. False when a call failed: a cluster that
+  // has just lost a node may need a second healing.
+  bool CompareBrowsing();
 
   const Counts& Counted() const { return m_counts; }
   Counts& Counted() { return m_counts; }

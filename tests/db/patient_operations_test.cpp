@@ -304,7 +304,7 @@ TEST_F(SelectedPatients, WithoutASelectedPatientItGives21) {
 
 TEST_F(SelectedPatients, ARecordThatNamesAPatientDeletesThatOneOnly) {
   tagTPATIENT patient = AllSelected();
-  patient.lPatID = 2;
+  patient.lPatID = Raw().Number("SELECT tPatCulIntPatIDPk FROM TPatient WHERE tPatSName='b'");
   EXPECT_EQ(Delete(patient), 0);
   EXPECT_EQ(Patients("tPatFSelect=1"), 3);
   patient.lPatID = 4711;

@@ -10,6 +10,7 @@ namespace shell {
 
 struct Positioning {
   const char* table;  // its plural name
+  LONG set;           // its number for DB_ReopenAtKey
   LONG (*move_to)(LONG position);
   LONG (*move_by)(LONG delta);
   LONG (*move_to_key)(LONG key);           // null: the library has none for the table

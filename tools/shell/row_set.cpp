@@ -64,10 +64,22 @@ void RowSet::Open(const Words& words) {
            "filtering");
   CheckSet(m_table.set_sort(sort), "sorting");
   CheckSet(m_table.open(), fmt::format("opening the {}", m_table.plural));
+  CountRows();
+  m_words = words;
+}
+
+void RowSet::CountRows() {
   LONG count = 0;
   CheckSet(m_table.count(&count), fmt::format("counting the {}", m_table.plural));
   m_count = count;
-  m_words = words;
+}
+
+LONG RowSet::OpenAtKey(LONG key) {
+  LONG position = 0;
+  const WORD code = DB_ReopenAtKey(m_positioning.set, key, &position);
+  if (code != KYODBC_NO_ROW) CheckSet(code, fmt::format("opening the {}", m_table.plural));
+  CountRows();
+  return key == 0 ? 0 : position;
 }
 
 // A move answers 0 for "no such row" and for every failure; what it was, only the last failure tells.
@@ -128,19 +140,15 @@ LONG RowSet::PositionOfText(const std::string& text) {
   return Moved(m_positioning.move_to_text(text.c_str()));
 }
 
-// Opening the patients restores a connection. No row has the key 0, so that this reads none.
+// Any set restores a connection; there are few stations to read.
 void Heal() {
-  const LONG nobody = 0;
-  DB_CloseTPat();
-  DB_SetTPatFilter(KYODBC_FIELD_KEY, KYODBC_EQUAL, &nobody, nullptr, nullptr, nullptr);
-  const WORD code = DB_OpenTPat();
-  DB_CloseTPat();
+  const WORD code = DB_ReopenAtKey(KYODBC_SET_TSTAT, 0, nullptr);
+  DB_CloseTStat();
   CheckSet(code, "connecting again");
 }
 
 LONG ReopenAtKey(RowSet& set, LONG key, LONG position) {
-  set.Open(set.OpenedWith());
-  const LONG found = key > 0 ? set.PositionOfKey(key, position) : 0;
+  const LONG found = set.OpenAtKey(key);
   return found > 0 ? found : std::min(position, set.Count());
 }
 

@@ -56,6 +56,10 @@ class RowSet {
   // and SetError, and OpenedWith stays as it was.
   void Open(const Words& words);
 
+  // Reads the set anew as it was opened last, also when the connection has been lost since. Where the row with the
+  // key is then; 0: nowhere. Throws SetError.
+  LONG OpenAtKey(LONG key);
+
   // The rows at these positions, one for each.
   std::vector<Row> Read(LONG first, LONG last);
 
@@ -66,6 +70,7 @@ class RowSet {
   LONG PositionOfText(const std::string& text);
 
  private:
+  void CountRows();
   LONG Moved(LONG position) const;
   Row Current(LONG position) const;
   LONG KeyAt(LONG position) const;

@@ -1,0 +1,181 @@
+// What single-row calls and browsing cost on a cluster, beside the single server: both run at once, and take turns.
+//
+// usage: KYODBC_TEST_DB=mariadb|postgresql kyodbc_cluster_cost [TURNS]
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "frame/KyODBC.h"
+#include "tests/cluster/a_cluster.h"
+#include "tests/support/database_kind.h"
+#include "tests/support/odbc_home.h"
+#include "tests/support/practice.h"
+#include "tests/support/raw_odbc.h"
+#include "tests/support/records.h"
+
+namespace {
+
+constexpr int kCallsOfATurn = 40;
+constexpr int kPatients = 500;
+
+void Need(WORD code, const char* what) {
+  if (code != 0) throw std::runtime_error(std::string(what) + " gave " + std::to_string(code));
+}
+
+// A way to reach a practice, and what was measured there: microseconds of each call, by what it does.
+struct Target {
+  std::string name;
+  tagDBCONNECT parameters;
+  std::function<void()> prepare;  // before a turn
+  LONG patient = 0;
+  std::map<std::string, std::vector<double>> times;
+};
+
+tagTPATIENT Patient(int number) {
+  tagTPATIENT patient{};
+  patient.lDrID = 1;
+  support::SetText(patient.szName, "Patient" + std::to_string(number));
+  support::SetText(patient.szFirstname, "First");
+  patient.dBirthday = support::Ts(1970, 1, 2);
+  return patient;
+}
+
+template <class Call>
+void Measure(Target& target, const char* what, Call call) {
+  const auto begin = std::chrono::steady_clock::now();
+  Need(call(), what);
+  target.times[what].push_back(
+      std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - begin).count());
+}
+
+WORD Walk() {
+  Need(DB_OpenTPat(), "DB_OpenTPat");
+  tagTPATIENT patient{};
+  for (LONG position = 1; position <= kPatients; ++position) {
+    Need(DB_GetTPatByPos(position, &patient), "DB_GetTPatByPos");
+  }
+  return DB_CloseTPat();
+}
+
+void Turn(Target& target, int turn) {
+  target.prepare();
+  Need(DB_InitDatabase(&target.parameters), "DB_InitDatabase");
+  for (int number = 0; target.patient == 0 && number < kPatients; ++number) {
+    tagTPATIENT patient = Patient(number);
+    Need(DB_AddNewTPat(&patient), "DB_AddNewTPat");
+    if (number == kPatients / 2) target.patient = patient.lPatID;
+  }
+  for (int call = 0; call < kCallsOfATurn; ++call) {
+    tagTPATIENT patient{};
+    patient.lPatID = target.patient;
+    LONG newest = 0;
+    Measure(target, "get", [&] { return DB_GetTPat(&patient); });
+    support::SetText(patient.szFirstname, std::to_string(turn) + "." + std::to_string(call));
+    Measure(target, "edit", [&] { return DB_EditSelTPat(&patient, 1 << 6); });
+    tagTSTATION station{};
+    support::SetText(station.szName, std::to_string(turn) + "." + std::to_string(call));
+    Measure(target, "add", [&] { return DB_AddNewTStat(&station); });
+    Measure(target, "newest", [&] { return DB_GetLastPatID(&newest); });
+  }
+  Measure(target, "browse", Walk);
+  Need(DB_CloseDatabase(), "DB_CloseDatabase");
+}
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+tagDBCONNECT Parameters(const support::Practice& practice, const support::Options& options) {
+  const std::string source = support::OdbcHome::FreshName();
+  support::OdbcHome::Hold()->AddSource(source, support::CurrentKind().DriverName(), options);
+  tagDBCONNECT parameters = practice.Parameters();
+  support::SetText(parameters.szDSN, source);
+  return parameters;
+}
+
+void Print(const std::vector<Target>& targets) {
+  std::printf("%-44s", "median, microseconds (times the single server)");
+  for (const char* what : {"get", "edit", "add", "newest", "browse"}) std::printf(" %16s", what);
+  std::printf("\n");
+  for (const Target& target : targets) {
+    std::printf("%-46s", target.name.c_str());
+    for (const char* what : {"get", "edit", "add", "newest", "browse"}) {
+      const double here = Median(target.times.at(what));
+      std::printf(" %8.0f (%4.2f)", here, here / Median(targets[0].times.at(what)));
+    }
+    std::printf("\n");
+  }
+}
+
+std::vector<Target> GaleraTargets(const support::Practice& alone, const support::Practice& shared,
+                                  const support::Options& single, const support::Options& all) {
+  const auto sync_wait = [all](const char* value) {
+    return [=] {
+      support::RawOdbc(support::CurrentKind().DriverFile().insert(0, "DRIVER=") + [&] {
+        std::string text;
+        for (const auto& [name, option] : all) text += ";" + name + "=" + option;
+        return text + ";UID=practice;PWD=secret";
+      }()).Exec(std::string("SET GLOBAL wsrep_sync_wait = ") + value);
+    };
+  };
+  return {
+      {"single server",               Parameters(alone, single), [] {}, 0, {}},
+      {"Galera behind HAProxy",       Parameters(shared, all), sync_wait("1"), 0, {}},
+      {"Galera, wsrep-sync-wait = 0", Parameters(shared, all), sync_wait("0"), 0, {}},
+  };
+}
+
+std::vector<Target> StandbyTargets(const support::Practice& alone, const support::Practice& shared,
+                                   const support::Options& single, const support::Options& all) {
+  const auto with = [&](const char* commit) {
+    support::Options options = all;
+    options.emplace_back("ConnSettings", std::string("SET+synchronous_commit+%3D+") + commit);
+    return Parameters(shared, options);
+  };
+  return {
+      {"single server",                       Parameters(alone, single), [] {}, 0, {}},
+      {"synchronous standby, remote_apply",   with("remote_apply"), [] {}, 0, {}},
+      {"synchronous standby, on (its disk)",  with("on"), [] {}, 0, {}},
+  };
+}
+
+void Run(int turns) {
+  const bool postgresql = std::string(support::CurrentKind().Name()) == "PostgreSQL";
+  const support::OwnServer server(postgresql ? "postgresql" : "mariadb");
+  const support::Practice alone;
+  const support::Options single = support::CurrentKind().SourceOptions(alone.Database());
+  std::unique_ptr<cluster::Cluster> nodes;
+  if (postgresql) {
+    nodes = std::make_unique<cluster::Standby>();
+  } else {
+    nodes = std::make_unique<cluster::Galera>();
+  }
+  const support::Practice shared;
+  const support::Options all = nodes->Source(support::CurrentKind().SourceOptions(shared.Database()));
+  std::vector<Target> targets =
+      postgresql ? StandbyTargets(alone, shared, single, all) : GaleraTargets(alone, shared, single, all);
+  for (int turn = 0; turn < turns; ++turn) {
+    for (Target& target : targets) Turn(target, turn);
+  }
+  Print(targets);
+  std::fflush(stdout);
+  std::_Exit(0);  // the practices end with their servers
+}
+
+}  // namespace
+
+int main(int arguments, char** values) {
+  try {
+    Run(arguments > 1 ? std::atoi(values[1]) : 20);
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "%s\n", failure.what());
+  }
+  return 1;
+}
