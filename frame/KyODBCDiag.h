@@ -1,5 +1,5 @@
-/* KyODBCDiag: an extension of KyODBC. What a 16-bit result code cannot say of a failure, and going on after a lost
- * connection.
+/* KyODBCDiag: an extension of KyODBC. What a 16-bit result code cannot say of a failure, and going on after a
+ * lost connection.
  *
  * It stands beside the call interface of KyODBC.h and is no part of it: its names are listed on their own
  * (frame/exports_ext.txt), and a program that does without them runs with every KyODBC. Readable from C11 and
@@ -79,19 +79,19 @@ extern "C" {
  * The record is then unchanged. */
 KYODBC_API WORD DB_GetLastErrorDetail(tagDBERRORDETAIL* detail, DWORD size);
 
-/* Goes on browsing where a lost connection ended it. Restores a lost connection first, as DB_OpenTPat does; opens
- * the browse set, or reads an open one anew; and makes the row with `key` current, which may have another position
- * than before. Each set that was open is reopened by a call of its own.
+/* Goes on browsing where a lost connection ended it. Restores a lost connection first, as DB_OpenTPat does;
+ * opens the browse set, or reads an open one anew; and makes the row with `key` current, which may have another
+ * position than before. Each set that was open is reopened by a call of its own.
  *
  * `set` is one of KYODBC_SET_... . The set gets the filter last given to it, also when that was before the
- * connection was lost, and likewise the sort. (A plain open forgets those with the old connection.) They are kept
- * until DB_CloseDatabase. `key` is that of the record that the caller shows; 0 looks for no row. `position` may be
- * null.
+ * connection was lost, and likewise the sort. (A plain open forgets those with the old connection.) They are
+ * kept until DB_CloseDatabase. `key` is that of the record that the caller shows; 0 looks for no row.
+ * `position` may be null.
  *
- * Returns 0 and writes the row's position to *position, that of the first row for key 0, 0 there in an empty set;
- * 1 for another set; 3 when there was no connection, it could not be restored or the set did not open, and the
- * next call tries again; 31; 64 when the row is gone, or the filter does not let it pass: the set is open then,
- * its first row, if any, is current. After a failure *position is unchanged. */
+ * Returns 0 and writes the row's position to *position, that of the first row for key 0, 0 there in an empty
+ * set; 1 for another set; 3 when there was no connection, it could not be restored or the set did not open, and
+ * the next call tries again; 31; 64 when the row is gone, or the filter does not let it pass: the set is open
+ * then, its first row, if any, is current. After a failure *position is unchanged. */
 KYODBC_API WORD DB_ReopenAtKey(LONG set, LONG key, LONG* position);
 
 #ifdef __cplusplus

@@ -47,8 +47,9 @@ class CDBConnection {
   // when neither came true in five attempts.
   WORD KeepAlive();
 
-  // The browse set with a number of KyODBCDiag.h, with the filter and the sort that it had before the connection
-  // was last made anew, unless it was given others since. Null for other numbers and without a connection.
+  // The browse set with a number of KyODBCDiag.h, with the filter and the sort that it had before the
+  // connection was last made anew, unless it was given others since. Null for other numbers and without a
+  // connection.
   CKyRecSet* SetAsItWas(LONG number);
   // Forgets filters and sorts of earlier connections.
   void ForgetBrowsing();

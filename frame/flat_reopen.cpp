@@ -5,7 +5,8 @@
 
 namespace {
 
-// The plain search for a key: that of the joined view tells of a database that fails as of a row that is not there.
+// The plain search for a key: that of the joined view tells of a database that fails as of a row that is
+// not there.
 WORD MoveToKey(CKyRecSet& set, LONG key, LONG* position) {
   const LONG found = key == 0 ? set.GetIndexPos() : set.CKyRecSet::MoveToIntID(key);
   if (key != 0 && (found == 0 || set.m_lID != key)) return kNoRow;

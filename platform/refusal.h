@@ -35,8 +35,8 @@ struct Origin {
 };
 Origin OriginOf(const CDBException& exception);
 
-// Two changes met, and the database took the other one: a deadlock, or another node of a cluster was first. `state`
-// is an SQLSTATE.
+// Two changes met, and the database took the other one: a deadlock, or another node of a cluster was first.
+// `state` is an SQLSTATE.
 bool IsConflict(std::string_view state);
 bool IsConflict(const CDBException& exception);
 

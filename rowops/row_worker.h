@@ -75,9 +75,9 @@ void PutKey(Record* record, LONG key) {
   std::memcpy(static_cast<void*>(record), &key, sizeof key);
 }
 
-// Stands `set` on the one row that `record` describes. Returns 0; 1 when the record has neither a key nor
-// a complete natural key; the table's code for no row; 52 for several; 3 when the rows cannot be read. A database
-// may tell of a conflict as late as here, of any change of the transaction: that gives `conflict`.
+// Stands `set` on the one row that `record` describes. Returns 0; 1 when the record has neither a key nor a
+// complete natural key; the table's code for no row; 52 for several; 3 when the rows cannot be read. A
+// database may tell of a conflict as late as here, of any change of the transaction: that gives `conflict`.
 template <class Rules>
 WORD FindRow(ShortLived<typename Rules::Set>& set, const typename Rules::Record& record,
              WORD conflict = kNotOpened) {

@@ -492,6 +492,17 @@ public static class KyODBC
     public const uint KYODBC_MASK_UNIT_TEST_BODY = 0x200;
     public const uint KYODBC_MASK_ALL = 0xFFFFFFFF;
     public const int KYODBC_INTERFACE_VERSION = 261;
+    public const int KYODBC_SET_TDR = 1;
+    public const int KYODBC_SET_TSTAT = 2;
+    public const int KYODBC_SET_TUNIT = 3;
+    public const int KYODBC_SET_TPAT = 4;
+    public const int KYODBC_SET_PATEX = 5;
+    public const int KYODBC_SET_TIMG = 6;
+    public const int KYODBC_SET_TMAK = 7;
+    public const int KYODBC_SET_TGRP = 8;
+    public const int KYODBC_SET_TDIAG = 9;
+    public const int KYODBC_SET_TCFG = 10;
+    public const int KYODBC_SET_TTEST = 11;
     public const int KYODBC_ERROR_DETAIL_SIZE_1 = 564;
 
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
@@ -1180,4 +1191,7 @@ public static class KyODBC
 
     [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
     public static extern ushort DB_GetLastErrorDetail(ref tagDBERRORDETAIL detail, uint size);
+
+    [DllImport(Library, CallingConvention = CallingConvention.Cdecl)]
+    public static extern ushort DB_ReopenAtKey(int set, int key, ref int position);
 }

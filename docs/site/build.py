@@ -23,7 +23,7 @@ FIRST = ROOT / "docs" / "index.md"
 ELSEWHERE = re.compile(r"https?:|mailto:|#")
 REFERENCE = (("KyODBC.h: the functions", "frame/KyODBC.h"),
              ("Field ids, operators, masks", "frame/field_words.h"), ("Records", "tables/records.h"),
-             ("Result codes", "platform/result_codes.h"), ("KyODBCDiag.h: failures", "frame/KyODBCDiag.h"))
+             ("Result codes", "platform/result_codes.h"), ("KyODBCDiag.h: failures and losses", "frame/KyODBCDiag.h"))
 
 
 def slug(text):

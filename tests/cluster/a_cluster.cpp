@@ -106,7 +106,7 @@ Galera* TheGalera() { return dynamic_cast<Galera*>(the_cluster.get()); }
 
 int Rounds() {
   const char* rounds = std::getenv("KYODBC_TEST_ROUNDS");
-  return rounds != nullptr ? std::max(1, std::atoi(rounds)) : 2;
+  return rounds != nullptr ? std::max(1, std::atoi(rounds)) : 1;
 }
 
 }  // namespace cluster

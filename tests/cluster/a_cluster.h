@@ -24,10 +24,12 @@ class Cluster {
   // The node that serves `session`.
   virtual std::string NodeOf(support::RawOdbc& session) const = 0;
 
-  // Power and network of a node are lost. The others take over by themselves, or the one that is left is told to.
+  // Power and network of a node are lost. The others take over by themselves, or the one that is left is
+  // told to.
   virtual void Kill(const std::string& node) = 0;
   virtual void Cut(const std::string& node) = 0;
-  // The node that was lost is whole again and has all rows. `round` chooses between ways where there are several.
+  // The node that was lost is whole again and has all rows. `round` chooses between ways where there are
+  // several.
   virtual void BringBackKilled(const std::string& node, int round) = 0;
   virtual void BringBackCut(const std::string& node, int round) = 0;
 };
@@ -78,7 +80,7 @@ Cluster& TheCluster();
 // The same, when it is of the kind that has three nodes; else null.
 Galera* TheGalera();
 
-// How often each loss is repeated: KYODBC_TEST_ROUNDS, 2 without it.
+// How often each loss is repeated: KYODBC_TEST_ROUNDS, 1 without it.
 int Rounds();
 
 }  // namespace cluster

@@ -1,4 +1,5 @@
-// The fixture of tests on a cluster: a practice, a data source for it that finds the node to use, one for each node.
+// The fixture of tests on a cluster: a practice, a data source for it that finds the node to use, one for
+// each node.
 #ifndef KYODBC_TESTS_CLUSTER_CLUSTER_TEST_H
 #define KYODBC_TESTS_CLUSTER_CLUSTER_TEST_H
 

@@ -138,7 +138,8 @@ TEST_F(NodeLoss, TheNodeInUseIsKilledAndComesBack) {
 TEST_F(NodeLoss, TheNetworkOfTheNodeInUseIsCutAndMended) {
   // A stopped server on a machine that is up still takes connections: only the login time-out ends those.
   if (TheGalera() == nullptr && std::getenv("KYODBC_OWN_NETWORK") == nullptr) {
-    GTEST_SKIP() << "without a network of its own no cable can be cut";
+    std::printf("left out: without a network of its own no cable can be cut\n");
+    return;
   }
   LoseTheNodeInUse(&Cluster::Cut, &Cluster::BringBackCut);
 }
@@ -182,7 +183,7 @@ class MajorityLoss : public NodeLoss {
 };
 
 TEST_F(MajorityLoss, TwoOfThreeNodesAreLostAndComeBack) {
-  if (TheGalera() == nullptr) GTEST_SKIP() << "two nodes are all there are";
+  ASSERT_NE(TheGalera(), nullptr) << "of the other kind there are two in all";
   for (; m_rounds < Rounds() && !HasFailure(); ++m_rounds) {
     SCOPED_TRACE("round " + std::to_string(m_rounds));
     Round();

@@ -46,8 +46,8 @@ class Program {
 
   // Adds the patient. The library must be connected.
   void Begin();
-  // True as long as every call gives 0. False at the first that does not; its code must be one that such a call
-  // may give when a connection is lost.
+  // True as long as every call gives 0. False at the first that does not; its code must be one that such a
+  // call may give when a connection is lost.
   bool WorkUntil(const std::atomic<bool>& done);
   bool WorkFor(std::chrono::milliseconds time);
   // Calls DB_OpenTPat until it gives 0, which must be within the login time-out.
@@ -56,8 +56,8 @@ class Program {
   void ExpectRefusals(std::chrono::milliseconds time);
   // Compares what is stored, row by row, with what was acknowledged, and settles what was not.
   void Compare(support::RawOdbc& session, const std::string& where);
-  // The same through the library's reopened sets. Compare comes first. False when a call failed: a cluster that
-  // has just lost a node may need a second healing.
+  // The same through the library's reopened sets. Compare comes first. False when a call failed: a cluster
+  // that has just lost a node may need a second healing.
   bool CompareBrowsing();
 
   const Counts& Counted() const { return m_counts; }

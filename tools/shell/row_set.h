@@ -56,8 +56,8 @@ class RowSet {
   // and SetError, and OpenedWith stays as it was.
   void Open(const Words& words);
 
-  // Reads the set anew as it was opened last, also when the connection has been lost since. Where the row with the
-  // key is then; 0: nowhere. Throws SetError.
+  // Reads the set anew as it was opened last, also when the connection has been lost since. Where the row
+  // with the key is then; 0: nowhere. Throws SetError.
   LONG OpenAtKey(LONG key);
 
   // The rows at these positions, one for each.

@@ -1,4 +1,5 @@
-// What single-row calls and browsing cost on a cluster, beside the single server: both run at once, and take turns.
+// What single-row calls and browsing cost on a cluster, beside the single server: both run at once, and
+// take turns.
 //
 // usage: KYODBC_TEST_DB=mariadb|postgresql kyodbc_cluster_cost [TURNS]
 #include <algorithm>
@@ -56,6 +57,9 @@ void Measure(Target& target, const char* what, Call call) {
 
 WORD Walk() {
   Need(DB_OpenTPat(), "DB_OpenTPat");
+  LONG rows = 0;
+  Need(DB_GetTPatMaxPos(&rows), "DB_GetTPatMaxPos");
+  if (rows < kPatients) throw std::runtime_error("only " + std::to_string(rows) + " patients");
   tagTPATIENT patient{};
   for (LONG position = 1; position <= kPatients; ++position) {
     Need(DB_GetTPatByPos(position, &patient), "DB_GetTPatByPos");
@@ -63,11 +67,13 @@ WORD Walk() {
   return DB_CloseTPat();
 }
 
-void Turn(Target& target, int turn) {
+// `place` makes the patients of targets that share a practice different ones.
+void Turn(Target& target, int place, int turn) {
   target.prepare();
   Need(DB_InitDatabase(&target.parameters), "DB_InitDatabase");
-  for (int number = 0; target.patient == 0 && number < kPatients; ++number) {
-    tagTPATIENT patient = Patient(number);
+  const bool first = target.patient == 0;
+  for (int number = 0; first && number < kPatients; ++number) {
+    tagTPATIENT patient = Patient(kPatients * place + number);
     Need(DB_AddNewTPat(&patient), "DB_AddNewTPat");
     if (number == kPatients / 2) target.patient = patient.lPatID;
   }
@@ -118,17 +124,19 @@ std::vector<Target> GaleraTargets(const support::Practice& alone, const support:
                                   const support::Options& single, const support::Options& all) {
   const auto sync_wait = [all](const char* value) {
     return [=] {
-      support::RawOdbc(support::CurrentKind().DriverFile().insert(0, "DRIVER=") + [&] {
-        std::string text;
-        for (const auto& [name, option] : all) text += ";" + name + "=" + option;
-        return text + ";UID=practice;PWD=secret";
-      }()).Exec(std::string("SET GLOBAL wsrep_sync_wait = ") + value);
+      support::RawOdbc(support::CurrentKind().DriverFile().insert(0, "DRIVER=") +
+                       [&] {
+                         std::string text;
+                         for (const auto& [name, option] : all) text += ";" + name + "=" + option;
+                         return text + ";UID=practice;PWD=secret";
+                       }())
+          .Exec(std::string("SET GLOBAL wsrep_sync_wait = ") + value);
     };
   };
   return {
-      {"single server",               Parameters(alone, single), [] {}, 0, {}},
-      {"Galera behind HAProxy",       Parameters(shared, all), sync_wait("1"), 0, {}},
-      {"Galera, wsrep-sync-wait = 0", Parameters(shared, all), sync_wait("0"), 0, {}},
+      {"single server",               Parameters(alone,  single), [] {},          0, {}},
+      {"Galera behind HAProxy",       Parameters(shared, all),    sync_wait("1"), 0, {}},
+      {"Galera, wsrep-sync-wait = 0", Parameters(shared, all),    sync_wait("0"), 0, {}},
   };
 }
 
@@ -140,9 +148,9 @@ std::vector<Target> StandbyTargets(const support::Practice& alone, const support
     return Parameters(shared, options);
   };
   return {
-      {"single server",                       Parameters(alone, single), [] {}, 0, {}},
-      {"synchronous standby, remote_apply",   with("remote_apply"), [] {}, 0, {}},
-      {"synchronous standby, on (its disk)",  with("on"), [] {}, 0, {}},
+      {"single server", Parameters(alone,      single),                           [] {},  0, {}},
+      {"synchronous standby, remote_apply",               with("remote_apply"),  [] {}, 0, {}},
+      {"synchronous standby, on (its disk)",               with("on"), [] {},          0,           {} },
   };
 }
 
@@ -162,7 +170,9 @@ void Run(int turns) {
   std::vector<Target> targets =
       postgresql ? StandbyTargets(alone, shared, single, all) : GaleraTargets(alone, shared, single, all);
   for (int turn = 0; turn < turns; ++turn) {
-    for (Target& target : targets) Turn(target, turn);
+    for (std::size_t place = 0; place < targets.size(); ++place) {
+      Turn(targets[place], static_cast<int>(place), turn);
+    }
   }
   Print(targets);
   std::fflush(stdout);
