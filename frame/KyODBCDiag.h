@@ -80,8 +80,8 @@ extern "C" {
 KYODBC_API WORD DB_GetLastErrorDetail(tagDBERRORDETAIL* detail, DWORD size);
 
 /* Goes on browsing where a lost connection ended it. Restores a lost connection first, as DB_OpenTPat does;
- * opens the browse set, or reads an open one anew; and makes the row with `key` current, which may have another
- * position than before. Each set that was open is reopened by a call of its own.
+ * opens the browse set, or reads an open one anew; and makes the row with `key` current, which may have
+ * another position than before. Each set that was open is reopened by a call of its own.
  *
  * `set` is one of KYODBC_SET_... . The set gets the filter last given to it, also when that was before the
  * connection was lost, and likewise the sort. (A plain open forgets those with the old connection.) They are
@@ -89,9 +89,9 @@ KYODBC_API WORD DB_GetLastErrorDetail(tagDBERRORDETAIL* detail, DWORD size);
  * `position` may be null.
  *
  * Returns 0 and writes the row's position to *position, that of the first row for key 0, 0 there in an empty
- * set; 1 for another set; 3 when there was no connection, it could not be restored or the set did not open, and
- * the next call tries again; 31; 64 when the row is gone, or the filter does not let it pass: the set is open
- * then, its first row, if any, is current. After a failure *position is unchanged. */
+ * set; 1 for another set; 3 when there was no connection, it could not be restored or the set did not open,
+ * and the next call tries again; 31; 64 when the row is gone, or the filter does not let it pass: the set is
+ * open then, its first row, if any, is current. After a failure *position is unchanged. */
 KYODBC_API WORD DB_ReopenAtKey(LONG set, LONG key, LONG* position);
 
 #ifdef __cplusplus
