@@ -85,7 +85,8 @@ void Turn(Target& target, int place, int turn) {
     support::SetText(patient.szFirstname, std::to_string(turn) + "." + std::to_string(call));
     Measure(target, "edit", [&] { return DB_EditSelTPat(&patient, 1 << 6); });
     tagTSTATION station{};
-    support::SetText(station.szName, std::to_string(turn) + "." + std::to_string(call));
+    support::SetText(station.szName,
+                     std::to_string(place) + "." + std::to_string(turn) + "." + std::to_string(call));
     Measure(target, "add", [&] { return DB_AddNewTStat(&station); });
     Measure(target, "newest", [&] { return DB_GetLastPatID(&newest); });
   }
