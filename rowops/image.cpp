@@ -17,7 +17,7 @@ constexpr rowops::NewestQuery kNewest = {tImgCulIntImgIDPk, tImgTs, " (tImgCulIn
 
 // Deletes the images that an image to be added replaces: those with its patient, time and location. An
 // incomplete natural key replaces none. When there are some, the transaction is begun, in which the new image
-// has to follow. Returns 0; 3 when they cannot be read, 8 when not deleted.
+// has to follow. Returns 0; 3 when they cannot be read, 6 when for a conflict, 8 when not deleted.
 WORD DeleteReplaced(const CImgRec& browse, tagTIMAGE image, rowops::OwnTransaction* transaction) {
   // No image is stored with an impossible time, and some databases refuse to look for one: the insert tells.
   const TIMESTAMP_STRUCT time = image.ts;
@@ -25,7 +25,8 @@ WORD DeleteReplaced(const CImgRec& browse, tagTIMAGE image, rowops::OwnTransacti
   image.lImgID = 0;  // by natural key, whatever key the caller's record holds
   rowops::ShortLived<CImgRec> replaced(browse);
   if (!replaced.SelectRow(&image)) return kOk;
-  return rowops::DeleteAllRows(replaced, kOk, [&] { return transaction->Begin(browse.m_pDatabase); });
+  return rowops::DeleteAllRows(replaced, kOk, kWriteFailed,
+                               [&] { return transaction->Begin(browse.m_pDatabase); });
 }
 
 struct Images : rowops::TableRules<CImgRec, tagTIMAGE> {

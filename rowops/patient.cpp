@@ -68,7 +68,7 @@ WORD CPatRec::DeleteRow(const tagTPATIENT* record) {
   if (set.SelectRow(record)) return rowops::DeleteRow<Patients>(*this, *record);
   if (record->lSelect == 0) return kBadArgument;
   set.m_strFilter = kSelectedFilter;
-  return rowops::DeleteAllRows(set, kPatientNotFound, [] { return true; });
+  return rowops::DeleteAllRows(set, kPatientNotFound, kDeleteFailed, [] { return true; });
 }
 
 WORD CPatRec::GetRow(tagTPATIENT* record) { return rowops::GetRow<Patients>(*this, record); }

@@ -59,13 +59,17 @@ void RowSet::Open(const Words& words) {
   const LONG sort = ReadSort(words.sort, m_table.fields);
   if (m_positioning.restores) Heal();
   m_table.close();
+  SetWords(filter, sort);
+  CheckSet(m_table.open(), fmt::format("opening the {}", m_table.plural));
+  CountRows();
+  m_words = words;
+}
+
+void RowSet::SetWords(const Filter& filter, LONG sort) {
   CheckSet(m_table.set_filter(filter.Fields(), filter.Operators(), filter.ValuePointer(0),
                               filter.ValuePointer(1), filter.ValuePointer(2), filter.ValuePointer(3)),
            "filtering");
   CheckSet(m_table.set_sort(sort), "sorting");
-  CheckSet(m_table.open(), fmt::format("opening the {}", m_table.plural));
-  CountRows();
-  m_words = words;
 }
 
 void RowSet::CountRows() {
@@ -75,6 +79,10 @@ void RowSet::CountRows() {
 }
 
 LONG RowSet::OpenAtKey(LONG key) {
+  // The filter given last may be one that the database refused.
+  Heal();
+  m_table.close();
+  SetWords(FilterBy(m_words.filter, m_table.fields), ReadSort(m_words.sort, m_table.fields));
   LONG position = 0;
   const WORD code = DB_ReopenAtKey(m_positioning.set, key, &position);
   if (code != KYODBC_NO_ROW) CheckSet(code, fmt::format("opening the {}", m_table.plural));

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/filter_words.h"
 #include "tools/shell/positioning.h"
 #include "tools/tables.h"
 #include "tools/tool_error.h"
@@ -71,6 +72,7 @@ class RowSet {
 
  private:
   void CountRows();
+  void SetWords(const Filter& filter, LONG sort);
   LONG Moved(LONG position) const;
   Row Current(LONG position) const;
   LONG KeyAt(LONG position) const;
