@@ -217,8 +217,8 @@ WORD DeleteRow(const typename Rules::Set& browse, const typename Rules::Record& 
 }
 
 // Deletes every row of `set`, whose filter is set; `prepare`, which may refuse, runs when there are some.
-// Returns 0; `none` when there is no row; 3 when the rows cannot be read, `conflict` when for a conflict; 8 when
-// one cannot be deleted, those before it being gone, and when `prepare` refused.
+// Returns 0; `none` when there is no row; 3 when the rows cannot be read, `conflict` when for a conflict; 8
+// when one cannot be deleted, those before it being gone, and when `prepare` refused.
 template <class Set, class Prepare>
 WORD DeleteAllRows(ShortLived<Set>& set, WORD none, WORD conflict, Prepare prepare) {
   try {
