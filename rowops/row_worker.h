@@ -61,11 +61,7 @@ class ShortLived : public Set {
   bool OpenRows() { return this->Open(this->m_nOpenType, nullptr, 0) && this->IsOpen(); }
 
   // As IsUniqueRecord, on rows just opened or requeried: the members need not be read again.
-  WORD FindUnique() {
-    const std::optional<bool> only = FieldAccess::IsOnOnlyRow(*this);
-    if (!only) return this->IsUniqueRecord();
-    return *only ? kOk : kNotUnique;
-  }
+  WORD FindUnique() { return FieldAccess::IsOnOnlyRow(*this) ? kOk : this->IsUniqueRecord(); }
 };
 
 // The key is the first field of every record.
