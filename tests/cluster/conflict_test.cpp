@@ -5,6 +5,7 @@
 
 #include "frame/KyODBCDiag.h"
 #include "tests/cluster/cluster_test.h"
+#include "tests/cluster/program.h"
 #include "tests/support/records.h"
 
 namespace cluster {
@@ -24,11 +25,7 @@ class Conflict : public ClusterTest {
     // The node itself would try a single statement again, and hide most conflicts.
     m_here->Exec("SET GLOBAL wsrep_retry_autocommit = 0");
     ASSERT_EQ(Connect(m_source_at["node1"]), 0);
-    tagTPATIENT patient{};
-    patient.lDrID = 1;
-    support::SetText(patient.szName, "Edited");
-    support::SetText(patient.szFirstname, "Before");
-    patient.dBirthday = support::Ts(1970, 1, 2);
+    tagTPATIENT patient = EditedPatient("Before");
     ASSERT_EQ(DB_AddNewTPat(&patient), 0);
     m_patient = patient.lPatID;
   }

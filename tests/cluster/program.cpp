@@ -25,12 +25,17 @@ const std::set<WORD> kRow = {3, 31, 64};
 
 }  // namespace
 
-void Program::Begin() {
+tagTPATIENT EditedPatient(const std::string& first_name) {
   tagTPATIENT patient{};
   patient.lDrID = 1;
   support::SetText(patient.szName, "Edited");
-  support::SetText(patient.szFirstname, "0");
+  support::SetText(patient.szFirstname, first_name);
   patient.dBirthday = support::Ts(1970, 1, 2);
+  return patient;
+}
+
+void Program::Begin() {
+  tagTPATIENT patient = EditedPatient("0");
   ASSERT_EQ(DB_AddNewTPat(&patient), 0);
   m_patient = support::Val(patient.lPatID);
 }

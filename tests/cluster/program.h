@@ -38,6 +38,9 @@ struct Counts {
   std::vector<double> healing;          // seconds from the first call that failed to DB_OpenTPat giving 0
 };
 
+// A patient to be added, whose first name is what the tests change.
+tagTPATIENT EditedPatient(const std::string& first_name);
+
 // Works with the library's one connection. Stations come and go, a patient's first name counts.
 class Program {
  public:

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <exception>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace support {
@@ -18,9 +20,10 @@ std::string ServerKind::Acquire(const std::filesystem::path& folder, Tables tabl
   if (m_made.contains(database)) return database;
   Make(database, tables);
   DropAllAtExit();
-  Made& made = m_made[database];
+  Made made;
   made.session = std::make_unique<RawOdbc>(Connect(database));
-  made.objects = ReadObjects(*made.session);
+  made.objects = ReadObjectsPatiently(*made.session);
+  m_made[database] = std::move(made);
   return database;
 }
 
@@ -66,6 +69,19 @@ ServerKind::Objects ServerKind::ReadObjects(RawOdbc& database) const {
     objects[row.at(0).value_or("")] = row.at(1).value_or("");
   }
   return objects;
+}
+
+// On a cluster a table that another program makes or drops meanwhile, of whatever database, may end this.
+ServerKind::Objects ServerKind::ReadObjectsPatiently(RawOdbc& database) const {
+  constexpr int kMoreAttempts = 9;
+  for (int attempt = 0; attempt < kMoreAttempts; ++attempt) {
+    try {
+      return ReadObjects(database);
+    } catch (const std::runtime_error& failure) {
+      if (std::string_view(failure.what()).find(": 40001 ") == std::string_view::npos) throw;
+    }
+  }
+  return ReadObjects(database);
 }
 
 // False when the test changed what cannot be put back; the database is then given up.

@@ -43,6 +43,7 @@ class ServerKind : public DatabaseKind {
   void DropAllAtExit() const;
   void DropAll() const noexcept;
   Objects ReadObjects(RawOdbc& database) const;
+  Objects ReadObjectsPatiently(RawOdbc& database) const;
   bool Renew(Made& made, Tables tables) const;
   bool DropStrangers(Made& made) const;
 
