@@ -224,7 +224,7 @@ KYODBC_API LONG DB_MoveToTTestByDelta(LONG delta);
 
 /* Makes the row with the key `id` current and returns its position. When there is none, the first row becomes
  * current and its position is returned: compare the key of the row to tell. 0 when the result is empty or no
- * row is current, and after a database error. Reads row by row from the start. */
+ * row is current, and after a database error. Looks among the keys that the open read. */
 KYODBC_API LONG DB_MoveToTPatByIntID(LONG id);
 KYODBC_API LONG DB_MoveToTImgByIntID(LONG id);
 /* Jumps by the sort order without reading the rows between; without one, as the two above. 0 for an unknown
