@@ -110,7 +110,7 @@ class KYODBC_API CDatabase : public CObject {
   void TryRollback();
   BOOL EndByStatement(bool commit);
   bool RunTransactionStatement(const char* sql);
-  bool LogTransactionFailure() const;  // true when the failure tells of a lost connection
+  void LogTransactionFailure() const;
   BOOL FailTransaction();
 
   std::unique_ptr<odbc::Connection> m_connection;  // null while closed

@@ -114,14 +114,12 @@ BOOL CDatabase::EndByStatement(bool commit) {
   return FALSE;
 }
 
-bool CDatabase::LogTransactionFailure() const {
-  const odbc::Diagnostics records = m_connection->Diagnose();
-  for (const odbc::DiagRecord& record : records) {
+void CDatabase::LogTransactionFailure() const {
+  for (const odbc::DiagRecord& record : m_connection->Diagnose()) {
     klog::Error(fmt::format("transaction: {} {} {}{}", record.state, record.native,
                             klog::MaskedMessage(record.state, record.message),
                             klog::ConflictNote(record.state)));
   }
-  return TellsOfLoss(records);
 }
 
 // As if the framework had raised what it answers: what the driver says is kept for the last failure.
