@@ -162,6 +162,7 @@ BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
     Throw(IsConnectFailure(records) ? AFX_SQL_ERROR_CONNECT_FAIL : RETCODE{SQL_ERROR}, records);
   }
   m_facts = std::make_unique<DriverFacts>(ReadFacts(*connection, AsksForFoundRows(text)));
+  if (EndsStatementsQuietly(*m_facts)) connection->EndStatementsToo();
   m_connection = std::move(connection);
   m_statements = std::make_unique<KeptStatements>(*m_connection, QueryTimeout());
   m_strConnect = HarmlessParts(text);
@@ -205,8 +206,9 @@ void CDatabase::LimitStatements() {
 
 void CDatabase::Close() {
   EndSets();
-  m_statements.reset();
+  // Statements whose connection is gone are empty shells: the connection decides how they end.
   m_connection.reset();
+  m_statements.reset();
   m_bTransactionPending = m_bTransactionDoomed = FALSE;
 }
 
@@ -277,10 +279,7 @@ CString CDatabase::AdaptSQL(const char* sql) const {
 void CDatabase::ReleaseIfDead(bool told) {
   if (m_connection == nullptr || !(told || m_connection->IsDead())) return;
   klog::Warn("the connection is lost and released");
-  EndSets();
-  m_statements.reset();
-  m_connection.reset();
-  m_bTransactionPending = m_bTransactionDoomed = FALSE;
+  CDatabase::Close();
 }
 
 void CDatabase::Attach(CRecordset* set) { m_sets.push_back(set); }

@@ -182,6 +182,8 @@ CString StatementLimit(const DriverFacts& facts, DWORD seconds) {
 
 bool LimitsItself(const DriverFacts& facts) { return facts.dbms == kPostgreSQL; }
 
+bool EndsStatementsQuietly(const DriverFacts& facts) { return facts.dbms == kPostgreSQL; }
+
 bool TellsOfLoss(const odbc::Diagnostics& records) {
   return std::any_of(records.begin(), records.end(), [](const odbc::DiagRecord& record) {
     return record.state.starts_with("08") || record.state.starts_with("57P0");

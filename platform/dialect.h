@@ -69,6 +69,10 @@ CString StatementLimit(const DriverFacts& facts, DWORD seconds);
 // set and to forget it around every statement.
 bool LimitsItself(const DriverFacts& facts);
 
+// Whether the driver ends statements with their connection and asks the server nothing then. Of each that is
+// freed while connected it tells the server and waits for the answer, which a silent server never gives.
+bool EndsStatementsQuietly(const DriverFacts& facts);
+
 // Whether a failure tells that the connection is lost.
 bool TellsOfLoss(const odbc::Diagnostics& records);
 // Whether a statement was not run because what had been prepared for it is out of date.

@@ -121,21 +121,34 @@ RETCODE Connection::Allocate() {
 }
 
 Connection::~Connection() {
-  // Freeing a statement takes it off the list.
-  while (!m_statements.empty()) m_statements.back()->Free();
-  if (m_connected) {
-    // One driver refuses to disconnect inside a transaction. Without one nothing is asked of the server: it
-    // may have fallen silent.
-    if (!m_autocommit) EndTransaction(false);
-    const RETCODE code = Call("SQLDisconnect", SQLDisconnect, m_connection);
-    // A connection that was not ended keeps its locks, and can never be freed.
-    if (!Succeeded(code)) {
-      EndTransaction(false);
-      Call("SQLDisconnect", SQLDisconnect, m_connection);
-    }
-  }
+  if (!m_ends_statements) FreeStatements();
+  if (m_connected) Disconnect();
+  FreeStatements();
   if (m_connection != SQL_NULL_HDBC) Call("SQLFreeHandle", SQLFreeHandle, SQL_HANDLE_DBC, m_connection);
   if (m_environment != SQL_NULL_HENV) Call("SQLFreeHandle", SQLFreeHandle, SQL_HANDLE_ENV, m_environment);
+}
+
+void Connection::Disconnect() {
+  // One driver refuses to disconnect inside a transaction. Without one nothing is asked of the server: it
+  // may have fallen silent.
+  if (!m_autocommit) EndTransaction(false);
+  RETCODE code = Call("SQLDisconnect", SQLDisconnect, m_connection);
+  // A connection that was not ended keeps its locks, and can never be freed.
+  if (!Succeeded(code)) {
+    EndTransaction(false);
+    code = Call("SQLDisconnect", SQLDisconnect, m_connection);
+  }
+  if (Succeeded(code)) ForgetStatements();
+}
+
+void Connection::FreeStatements() {
+  // Freeing a statement takes it off the list.
+  while (!m_statements.empty()) m_statements.back()->Free();
+}
+
+void Connection::ForgetStatements() {
+  for (Statement* statement : m_statements) statement->m_statement = SQL_NULL_HSTMT;
+  m_statements.clear();
 }
 
 RETCODE Connection::SetLoginTimeout(DWORD seconds) {

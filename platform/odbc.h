@@ -41,6 +41,10 @@ class Connection {
   Connection& operator=(const Connection&) = delete;
   ~Connection();  // frees statements, disconnects, frees the handles
 
+  // From now on the driver is left to end the statements with the connection. Without this each is freed
+  // before, which some drivers need and with which others ask the server about each.
+  void EndStatementsToo() { m_ends_statements = true; }
+
   RETCODE Allocate();  // before anything else; SQL_ERROR when the driver manager has no memory
   RETCODE SetLoginTimeout(DWORD seconds);
   RETCODE SetAccessReadOnly();
@@ -57,10 +61,15 @@ class Connection {
  private:
   friend class Statement;
 
+  void Disconnect();
+  void FreeStatements();
+  void ForgetStatements();
+
   SQLHENV m_environment = SQL_NULL_HENV;
   SQLHDBC m_connection = SQL_NULL_HDBC;
   bool m_connected = false;
   bool m_autocommit = true;
+  bool m_ends_statements = false;
   std::vector<Statement*> m_statements;
 };
 

@@ -23,6 +23,21 @@ class Silence : public LossTest {
     };
   }
   static constexpr Seconds kBound{10};
+
+  // Counts, rows of browse sets, single rows, newest rows, changes, settings.
+  void UseEveryKindOfStatement() {
+    ASSERT_EQ(DB_OpenTPat(), 0);
+    LONG count = 0;
+    ASSERT_EQ(DB_GetNumTPat(&count), 0);
+    tagTPATIENT patient = {};
+    ASSERT_EQ(DB_GetTPatByPos(0, &patient), 0);
+    ASSERT_EQ(DB_GetTPat(&patient), 0);
+    ASSERT_EQ(DB_EditTPat(&patient), 0);
+    LONG last = 0;
+    ASSERT_EQ(DB_GetLastPatID(&last), 0);
+    EXPECT_EQ(last, patient.lPatID);
+    DB_CloseTPat();
+  }
 };
 
 TEST_F(Silence, AReadEndsAndTheConnectionIsMadeAgain) {
@@ -58,8 +73,10 @@ TEST_F(Silence, ACommitEndsAndNothingOfTheTransactionStays) {
   ExpectHealed();
 }
 
+// What the driver has prepared on the server by then must not be given back one by one.
 TEST_F(Silence, ClosingDoesNotWaitForTheServer) {
   for (const Loss loss : {Loss::kSilent, Loss::kDead}) {
+    UseEveryKindOfStatement();
     TheRelay().Lose(loss);
     EXPECT_LT(Time([] { EXPECT_EQ(DB_CloseDatabase(), 0); }), Seconds(1));
     ASSERT_EQ(Connect(), 0);
