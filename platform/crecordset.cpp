@@ -7,6 +7,7 @@
 #include "platform/dialect.h"
 #include "platform/kept_statements.h"
 #include "platform/keyed_rows.h"
+#include "platform/one_way_cursor.h"
 #include "platform/row_fields.h"
 #include "platform/static_cursor.h"
 
@@ -175,6 +176,9 @@ void CRecordset::MakeRowSource() {
              !IsSelect(m_strSource)) {
     const auto column = static_cast<std::size_t>(key - m_fields->All().data());
     m_rows = std::make_unique<KeyedRows>(*m_pOpenDatabase, column);
+  } else if (m_holding == fewRows && m_nOpenTypeInUse == dynaset && m_fields->AllFit()) {
+    // A snapshot's rows are counted by moving to and fro.
+    m_rows = std::make_unique<OneWayCursor>(m_pOpenDatabase->Statements());
   } else {
     m_rows = std::make_unique<StaticCursor>(m_pOpenDatabase->Statements());
   }

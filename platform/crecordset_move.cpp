@@ -19,11 +19,12 @@ LONG CRecordset::FindKey(LONG key) const {
 
 bool CRecordset::IsGone(LONG position) const { return m_rows != nullptr && m_rows->HasPlace(position); }
 
-bool FieldAccess::IsOnOnlyRow(CRecordset& set) {
-  if (set.m_bBOF || set.m_bEOF || set.m_lCurrentRecord != 0) return false;
-  const bool only = set.m_rows->Fetch(SQL_FETCH_NEXT, 1) == SQL_NO_DATA;
+std::optional<bool> FieldAccess::IsOnOnlyRow(CRecordset& set) {
+  if (set.m_bBOF || set.m_bEOF || set.m_lCurrentRecord != 0) return std::nullopt;
+  const RETCODE next = set.m_rows->Fetch(SQL_FETCH_NEXT, 1);
   set.m_columnsRead.clear();
-  if (set.m_rows->Fetch(SQL_FETCH_FIRST, 1) != SQL_SUCCESS || !only) return false;
+  if (odbc::Succeeded(next)) return false;
+  if (set.m_rows->Fetch(SQL_FETCH_FIRST, 1) != SQL_SUCCESS || next != SQL_NO_DATA) return std::nullopt;
   set.m_bEOFSeen = TRUE;
   return true;
 }

@@ -2,6 +2,8 @@
 #ifndef KYODBC_PLATFORM_FIELD_ACCESS_H
 #define KYODBC_PLATFORM_FIELD_ACCESS_H
 
+#include <optional>
+
 class CFieldExchange;
 class CRecordset;
 struct FieldRef;
@@ -9,9 +11,9 @@ struct FieldRef;
 struct FieldAccess {
   // For the RFX functions.
   static void Exchange(CFieldExchange* exchange, const FieldRef& ref);
-  // Whether the first row, which an open or a requery has just made current, is the only one. Position and
-  // members stay. Also false when the database does not tell.
-  static bool IsOnOnlyRow(CRecordset& set);
+  // Whether the first row, which an open or a requery has just made current, is the only one; nothing when
+  // the database does not tell. Members stay, and on true the position.
+  static std::optional<bool> IsOnOnlyRow(CRecordset& set);
 };
 
 #endif

@@ -159,6 +159,11 @@ SQLLEN RowFields::Indicator(const Field& field) const {
   return m_row->indicators[static_cast<std::size_t>(&field - m_fields.data())];
 }
 
+bool RowFields::AllFit() const {
+  return std::all_of(m_fields.begin(), m_fields.end(),
+                     [](const Field& field) { return CapacityFor(field) != 0; });
+}
+
 bool RowFields::AllAreBuffered(short columns) const {
   return m_fields.size() == static_cast<std::size_t>(columns) &&
          std::all_of(m_fields.begin(), m_fields.end(),

@@ -81,6 +81,8 @@ class RowFields {
   RETCODE Load(std::size_t index, RowSource& source, SQLLEN row);
   // Columns wider than the buffer are read on demand.
   bool IsBuffered(std::size_t index) const { return m_fields[index].capacity != 0; }
+  // True when the buffer has room for every column that is named.
+  bool AllFit() const;
   // True when the buffer holds every column of a result of `columns` columns.
   bool AllAreBuffered(short columns) const;
   // The value that the set's own edit gave the column of the row; null when there was none.

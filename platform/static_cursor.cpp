@@ -52,7 +52,7 @@ RETCODE StaticCursor::ExecuteOwn(const RowQuery& query) {
 RETCODE StaticCursor::ExecuteKept(const RowQuery& query) {
   m_statements->GiveBack(std::move(m_kept));
   const MarkedSQL marked = TakeOutLiterals(query.select.View(), query.condition.View(), query.order.View());
-  m_kept = m_statements->Take(marked, KeptStatements::Cursor::kStatic);
+  m_kept = m_statements->Take(marked, Kind());
   return m_statements->Run(marked, &m_kept);
 }
 

@@ -39,6 +39,7 @@ class StaticCursor : public RowSource {
 
   odbc::Statement& Statement() { return m_kept->statement; }
   std::unique_ptr<KeptStatement>& Kept() { return m_kept; }
+  virtual KeptStatements::Cursor Kind() const { return KeptStatements::Cursor::kStatic; }
   // Rows as the driver counts them, deleted ones included.
   virtual RETCODE FetchRow(SQLLEN row);
   virtual RETCODE CountPhysical(SQLLEN* count);

@@ -112,7 +112,8 @@ WORD CPatExRec::OpenOn(const tagTPATIENT& patient) {
   m_strFilter = FillBaseFilter(")AND(", m_strFilter);
   HoldRows(fewRows);
   if (!Open(m_nOpenType, nullptr, none)) return kNotOpened;
-  const WORD code = FieldAccess::IsOnOnlyRow(*this) ? kOk : IsUniqueRecord();
+  if (const std::optional<bool> only = FieldAccess::IsOnOnlyRow(*this)) return *only ? kOk : kNotUnique;
+  const WORD code = IsUniqueRecord();
   return code == kNoRow ? kPatientNotFound : code;
 }
 

@@ -61,7 +61,11 @@ class ShortLived : public Set {
   bool OpenRows() { return this->Open(this->m_nOpenType, nullptr, 0) && this->IsOpen(); }
 
   // As IsUniqueRecord, on rows just opened or requeried: the members need not be read again.
-  WORD FindUnique() { return FieldAccess::IsOnOnlyRow(*this) ? kOk : this->IsUniqueRecord(); }
+  WORD FindUnique() {
+    const std::optional<bool> only = FieldAccess::IsOnOnlyRow(*this);
+    if (!only) return this->IsUniqueRecord();
+    return *only ? kOk : kNotUnique;
+  }
 };
 
 // The key is the first field of every record.
