@@ -281,6 +281,66 @@ class Backup(SourceCase):
         self.assertEqual(self.contents(), before)
 
 
+class Neighbours(SourceCase):
+    """Two practices side by side: in two schemas of a database of PostgreSQL, elsewhere in two databases of
+    which the data source names one."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.kind = doctor_kinds.current()
+        if not cls.kind.user:
+            raise unittest.SkipTest("a file is one practice")
+        cls.make(cls.kind)
+        cls.database = cls.databases[cls.kind.name]
+        cls.name, *cls.login = cls.source(cls.kind)
+        schema = (doctor_kinds.SOURCE / f"schema/{cls.kind.name}.sql").read_text()
+        if cls.kind.name == "postgresql":
+            cls.first, cls.second = "public.", "second."
+            cls.kind.execute(cls.database, "CREATE SCHEMA second;\n"
+                             f"SET search_path = second, public;\n{schema}")
+        else:
+            cls.first, cls.second = cls.database + ".", cls.database + "b."
+            cls.kind.create(cls.folder, cls.second[:-1])
+            cls.addClassCleanup(cls.kind.drop, cls.second[:-1])
+        for owner, name in ((cls.first, "First"), (cls.second, "Second")):
+            cls.kind.execute(cls.database, f"INSERT INTO {owner}TPatient (tPatSName) VALUES ('{name}')")
+
+    def names(self):
+        return [self.kind.rows(self.database, f"SELECT tPatSName FROM {owner}TPatient")
+                for owner in (self.first, self.second)]
+
+    def spoil(self, owner):
+        self.kind.execute(self.database, f"UPDATE {owner}TPatient SET tPatSName = 'spoiled'")
+
+    def back_up(self, name, *owner):
+        file = self.folder / name
+        self.done("backup", self.name, file, *owner, *self.login)
+        return file
+
+    def restore(self, file, *owner):
+        self.done("restore", self.name, file, "--replace", "--yes", *owner, *self.login)
+
+    def test_a_backup_holds_one_practice_and_comes_back_into_it_alone(self):
+        first = self.back_up("first")
+        self.spoil(self.first)
+        self.restore(first)
+        self.assertEqual(self.names(), [[("First",)], [("Second",)]])
+
+    def test_the_other_practice_is_backed_up_under_its_owner(self):
+        owner = ["--owner", self.second]
+        second = self.back_up("second", *owner)
+        self.spoil(self.second)
+        self.restore(second, *owner)
+        self.assertEqual(self.names(), [[("First",)], [("Second",)]])
+
+    def test_a_backup_of_one_practice_goes_into_the_other(self):
+        first, second = self.back_up("from"), self.back_up("kept", "--owner", self.second)
+        self.addCleanup(self.restore, second, "--owner", self.second)
+        self.restore(first, "--owner", self.second)
+        self.assertEqual(self.names(), [[("First",)], [("First",)]])
+
+
 class Missing(SourceCase):
     def test_the_program_of_the_database_that_is_not_installed_is_named(self):
         kind = doctor_kinds.current()

@@ -105,6 +105,17 @@ TEST(DumpRowsTest, TablesOfOthersArePassedOverWithAllTheirRows) {
   EXPECT_EQ(inserted.Taken(), 2);
 }
 
+TEST(DumpRowsTest, RowsGoIntoTheSchemaOfThePracticeThatTakesThem) {
+  constexpr const char* kRow = "1\tCOPY public.tdoctor (key, name) FROM stdin;";
+  CopyRows rows(kShapes);
+  EXPECT_TRUE(rows.Line("COPY \"My (1.) practice\".tdoctor (key, name) FROM stdin;"));
+  EXPECT_EQ(rows.For("other.", "the head"), "COPY other.tdoctor (key, name) FROM stdin;");
+  EXPECT_TRUE(rows.Line(kRow));
+  EXPECT_EQ(rows.For("other.", kRow), kRow);
+  EXPECT_TRUE(rows.Line("\\."));
+  EXPECT_EQ(rows.For("other.", "\\."), "\\.");
+}
+
 TEST(DumpRowsTest, NoValueIsNotTheEmptyTextNorTheWord) {
   const Copy copied({kCopyHead, "1\t\\N", "2\t", "3\tNULL", "4\t\\\\N", "\\."});
   EXPECT_TRUE(copied.Holds("TDoctor", {

@@ -118,7 +118,7 @@ Manifest BackUpPostgresql(const Place& place, PracticeDatabase& database, const 
   const ServerPrograms programs(place, database);
   database.BeginSnapshot();
   const std::string snapshot = database.Answer("SELECT pg_export_snapshot()", "sharing the snapshot");
-  Process dump(programs.DumpPostgresql(file, snapshot), programs.Variables());
+  Process dump(programs.DumpPostgresql(file, snapshot, OtherSchemas(database)), programs.Variables());
   Progress progress("reading", RowsIn(database, shapes) * 2);
   const Checksums shown = SumsOf(database, shapes, progress);
   progress.Rename("writing");

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <map>
+#include <sstream>
 
 #include "tools/tool_error.h"
 
@@ -47,6 +48,13 @@ std::map<std::string, Kind> ColumnsOf(PracticeDatabase& database, const std::str
   return columns;
 }
 
+constexpr const char* kSchemas = "looking for the schema of the tables";
+
+std::string SchemaId(const PracticeDatabase& database) {
+  return fmt::format("(SELECT relnamespace FROM pg_class WHERE oid = to_regclass('{}'))",
+                     database.Name(kTableNames[0]));
+}
+
 }  // namespace
 
 Shape ShapeOf(PracticeDatabase& database, const std::string& table) {
@@ -63,6 +71,22 @@ Shape ShapeOf(PracticeDatabase& database, const std::string& table) {
   }
   if (!found) throw ToolError(kFailed, fmt::format("the table {} has no key", table));
   return shape;
+}
+
+std::string SchemaOf(PracticeDatabase& database) {
+  return database.Answer("SELECT quote_ident(nspname) FROM pg_namespace WHERE oid = " + SchemaId(database),
+                         kSchemas);
+}
+
+std::vector<std::string> OtherSchemas(PracticeDatabase& database) {
+  const std::string names = database.Answer(
+      "SELECT string_agg(quote_ident(nspname), chr(10)) FROM pg_namespace WHERE oid <> " +
+          SchemaId(database) + " AND nspname NOT LIKE 'pg!_%' ESCAPE '!' AND nspname <> 'information_schema'",
+      kSchemas);
+  std::istringstream lines(names);
+  std::vector<std::string> schemas;
+  for (std::string line; std::getline(lines, line);) schemas.push_back(line);
+  return schemas;
 }
 
 std::vector<Shape> ShapesOf(PracticeDatabase& database) {

@@ -10,6 +10,10 @@
 
 // Throws ToolError when the table cannot be read or has no key.
 Shape ShapeOf(PracticeDatabase& database, const std::string& table);
+// The schema of PostgreSQL that the practice's tables are in, as it is written in SQL. Throws ToolError.
+std::string SchemaOf(PracticeDatabase& database);
+// The others of the database, which may be those of other practices.
+std::vector<std::string> OtherSchemas(PracticeDatabase& database);
 // Of all tables.
 std::vector<Shape> ShapesOf(PracticeDatabase& database);
 

@@ -174,7 +174,10 @@ void DumpRows::End() const {
   if (m_inside) FailAt("the end, which is missing,");
 }
 
+std::string DumpRows::For(const std::string&, const std::string& line) const { return line; }
+
 bool CopyRows::Line(std::string_view line) {
+  m_head.clear();
   if (m_inside && line == "\\.") {
     m_inside = false;
     return m_ours;
@@ -193,7 +196,12 @@ bool CopyRows::Line(std::string_view line) {
   if (!head.AtEnd()) FailAt("the head of a table");
   m_inside = true;
   m_ours = Begin(table, columns);
+  if (m_ours) m_head = fmt::format("{} ({}) FROM stdin;", table, fmt::join(columns, ", "));
   return m_ours;
+}
+
+std::string CopyRows::For(const std::string& owner, const std::string& line) const {
+  return m_head.empty() ? line : "COPY " + owner + m_head;
 }
 
 bool InsertRows::Line(std::string_view line) {

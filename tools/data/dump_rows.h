@@ -24,6 +24,8 @@ class DumpRows {
 
   // True when the line belongs to the rows of a practice's table.
   virtual bool Line(std::string_view line) = 0;
+  // The line taken last, for a database in which `owner` stands before the names of the practice's tables.
+  virtual std::string For(const std::string& owner, const std::string& line) const;
   // To be called behind the last line. Throws ToolError when the dump ends among the rows of a table.
   void End() const;
   const Checksums& Sums() const { return m_sums; }
@@ -47,9 +49,11 @@ class CopyRows : public DumpRows {
  public:
   using DumpRows::DumpRows;
   bool Line(std::string_view line) override;
+  std::string For(const std::string& owner, const std::string& line) const override;
 
  private:
   bool m_ours = false;
+  std::string m_head;  // of a table, without its schema; empty unless the line taken last was it
 };
 
 // Of MariaDB: "INSERT INTO `table` (columns) VALUES", then "(values)" apart by commas, on one or more lines.

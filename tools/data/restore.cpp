@@ -42,8 +42,7 @@ class Session {
       : m_client(programs.Client(), programs.Variables()),
         m_postgresql(database.Kind() == System::kPostgresql),
         m_owner(database.Owner()) {
-    if (m_postgresql && m_owner.empty())
-      m_owner = database.Answer("SELECT current_schema()", "looking for the tables") + ".";
+    if (m_postgresql) m_owner = SchemaOf(database) + ".";
   }
 
   void Begin(const std::vector<Shape>& shapes) {
@@ -55,6 +54,8 @@ class Session {
       Tell("DELETE FROM " + m_owner + shape.table + ";");
     }
   }
+  // What stands before the names of the practice's tables.
+  const std::string& Owner() const { return m_owner; }
   void Tell(const std::string& line) { m_client.Write(line + "\n"); }
   void ReadBack(const Shape& shape, const std::function<void(const Row&)>& row_read) {
     Tell(m_postgresql ? PostgresqlQuery(shape) : MariadbQuery(shape));
@@ -108,7 +109,7 @@ void Feed(Session& session, DumpRows& rows, Progress& progress,
           const std::function<bool(std::string&)>& read_line) {
   for (std::string line; read_line(line);) {
     if (!rows.Line(line)) continue;
-    session.Tell(line);
+    session.Tell(rows.For(session.Owner(), line));
     progress.Step();
   }
   rows.End();

@@ -49,6 +49,11 @@ std::string PqOption(const std::string& options, const std::string& name) {
   return options.substr(start, options.find_first_of(" }", start) - start);
 }
 
+std::string WithoutPoint(std::string owner) {
+  if (owner.ends_with('.')) owner.pop_back();
+  return owner;
+}
+
 void AddIfGiven(std::vector<std::string>& command, const std::string& option, const std::string& value) {
   if (!value.empty()) command.push_back(option + "=" + value);
 }
@@ -75,6 +80,8 @@ ServerPrograms::ServerPrograms(const Place& place, const PracticeDatabase& datab
     }
     return;
   }
+  // Here the owner is the database.
+  if (!database.Owner().empty()) m_database = WithoutPoint(database.Owner());
   m_environment["MYSQL_PWD"] = password;
   if (!source.Option("FORCETLS").empty() || !source.Option("SSLCA").empty()) m_encryption = {"--ssl"};
   for (const MariadbOption& option : kMariadbOptions)
@@ -83,9 +90,12 @@ ServerPrograms::ServerPrograms(const Place& place, const PracticeDatabase& datab
 }
 
 ServerPrograms::Command ServerPrograms::DumpPostgresql(const std::filesystem::path& file,
-                                                       const std::string& snapshot) const {
+                                                       const std::string& snapshot,
+                                                       const std::vector<std::string>& without) const {
   Command command = {"pg_dump", "--format=custom", "--no-password", "--file=" + file.string(),
                      "--snapshot=" + snapshot};
+  // With --schema it would be the schema's making too, which stands in the way where there is one already.
+  for (const std::string& schema : without) command.push_back("--exclude-schema=" + schema);
   AddIfGiven(command, "--host", m_host);
   AddIfGiven(command, "--port", m_port);
   AddIfGiven(command, "--username", m_user);

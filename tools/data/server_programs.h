@@ -19,7 +19,9 @@ class ServerPrograms {
   using Environment = std::map<std::string, std::string>;
 
   // pg_dump writes the file itself and sees what the snapshot shows; mariadb-dump writes to its output.
-  Command DumpPostgresql(const std::filesystem::path& file, const std::string& snapshot) const;
+  // Without those schemas: a database of PostgreSQL may hold several practices.
+  Command DumpPostgresql(const std::filesystem::path& file, const std::string& snapshot,
+                         const std::vector<std::string>& without) const;
   Command DumpMariadb() const;
   // The rows of a dump of PostgreSQL as statements, on its output.
   static Command ReadPostgresql(const std::filesystem::path& file);
