@@ -164,7 +164,7 @@ BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
   m_facts = std::make_unique<DriverFacts>(ReadFacts(*connection, AsksForFoundRows(text)));
   if (EndsStatementsQuietly(*m_facts)) connection->EndStatementsToo();
   m_connection = std::move(connection);
-  m_statements = std::make_unique<KeptStatements>(*m_connection, QueryTimeout());
+  m_statements = std::make_unique<KeptStatements>(*m_connection, QueryTimeout(), ForgetsIndexes(*m_facts));
   m_strConnect = HarmlessParts(text);
   klog::Info(fmt::format("connected to {}: {}", m_strConnect.View(), Describe(*m_facts)));
   if (!m_facts->static_cursors) klog::Warn("the driver has no static cursors: tables cannot be browsed");

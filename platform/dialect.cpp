@@ -182,6 +182,8 @@ CString StatementLimit(const DriverFacts& facts, DWORD seconds) {
 
 bool LimitsItself(const DriverFacts& facts) { return facts.dbms == kPostgreSQL; }
 
+bool ForgetsIndexes(const DriverFacts& facts) { return IsMariaDB(facts); }
+
 bool EndsStatementsQuietly(const DriverFacts& facts) { return facts.dbms == kPostgreSQL; }
 
 bool TellsOfLoss(const odbc::Diagnostics& records) {

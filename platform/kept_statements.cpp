@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
+#include <string_view>
 
 #include "platform/dialect.h"
 #include "platform/row_fields.h"
@@ -52,6 +54,14 @@ RETCODE BindValues(KeptStatement* kept) {
   return SQL_SUCCESS;
 }
 
+// Conditions of equality alone: their rows are found by the index whether it holds all that is asked or not.
+bool OnlyLooksUp(std::string_view sql) {
+  constexpr std::string_view kOthers[] = {"<", ">", "LIKE", " OR ", " IN", "BETWEEN", "ORDER BY"};
+  return sql.find('=') != std::string_view::npos &&
+         std::none_of(std::begin(kOthers), std::end(kOthers),
+                      [&](std::string_view other) { return sql.find(other) != std::string_view::npos; });
+}
+
 }  // namespace
 
 bool WorksPlainly() {
@@ -59,8 +69,11 @@ bool WorksPlainly() {
   return plainly;
 }
 
-KeptStatements::KeptStatements(odbc::Connection& connection, DWORD query_timeout)
-    : m_connection(connection), m_query_timeout(query_timeout), m_state(NextState()) {
+KeptStatements::KeptStatements(odbc::Connection& connection, DWORD query_timeout, bool forgets_indexes)
+    : m_connection(connection),
+      m_query_timeout(query_timeout),
+      m_forgets_indexes(forgets_indexes),
+      m_state(NextState()) {
   m_idle.reserve(kMostIdle);
   m_fields.reserve(kMostFields);
 }
@@ -76,6 +89,17 @@ std::unique_ptr<KeptStatement> KeptStatements::Take(const MarkedSQL& query, Curs
     m_idle.erase(std::next(found).base());
     return kept;
   }
+  return MakeFor(query, is_static);
+}
+
+std::unique_ptr<KeptStatement> KeptStatements::TakeForIndex(const MarkedSQL& query) {
+  if (!m_forgets_indexes || OnlyLooksUp(query.sql.View())) return Take(query, Cursor::kNone);
+  std::unique_ptr<KeptStatement> fresh = MakeFor(query, false);
+  fresh->once = true;
+  return fresh;
+}
+
+std::unique_ptr<KeptStatement> KeptStatements::MakeFor(const MarkedSQL& query, bool is_static) {
   std::unique_ptr<KeptStatement> kept = MakeFresh(is_static);
   kept->text = query.sql.View();
   kept->sql_length = kept->text.size();
@@ -93,7 +117,7 @@ std::unique_ptr<KeptStatement> KeptStatements::MakeFresh(bool is_static) {
 }
 
 void KeptStatements::GiveBack(std::unique_ptr<KeptStatement> kept) {
-  if (kept == nullptr || !kept->prepared || kept->statement.Handle() == SQL_NULL_HSTMT) return;
+  if (kept == nullptr || kept->once || !kept->prepared || kept->statement.Handle() == SQL_NULL_HSTMT) return;
   kept->statement.CloseCursor();
   if (kept->row == nullptr) kept->statement.UnbindColumns();
   if (m_idle.size() >= kMostIdle) m_idle.erase(m_idle.begin());
@@ -124,9 +148,11 @@ RETCODE KeptStatements::Run(const MarkedSQL& query, std::unique_ptr<KeptStatemen
 
 RETCODE KeptStatements::RunAgain(std::unique_ptr<KeptStatement>* kept) {
   const bool prepared_before = (*kept)->prepared;
-  // Queries are always prepared: one driver does not survive the loss of the connection while it runs one
-  // directly with values.
-  const bool direct = !prepared_before && !IsSelect((*kept)->Sql()) && m_known.count((*kept)->text) == 0;
+  // Queries are prepared, but for those without values that are run once: one driver does not survive the loss
+  // of the connection while it runs one directly with values.
+  const bool direct =
+      !prepared_before && ((*kept)->once ? (*kept)->values.empty()
+                                         : !IsSelect((*kept)->Sql()) && m_known.count((*kept)->text) == 0);
   RETCODE code = RunOnce(kept->get(), direct);
   if (prepared_before && code == SQL_ERROR && TellsOfStaleStatement((*kept)->statement.Diagnose())) {
     NoteStale();
@@ -139,7 +165,7 @@ RETCODE KeptStatements::RunAgain(std::unique_ptr<KeptStatement>* kept) {
   }
   const bool ran = odbc::Succeeded(code) || code == SQL_NO_DATA;
   (*kept)->prepared = ran && !direct;
-  if (ran && direct) {
+  if (ran && direct && !(*kept)->once) {
     if (m_known.size() >= kMostKnown) m_known.clear();
     m_known.insert((*kept)->text);
   }

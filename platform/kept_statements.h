@@ -25,6 +25,7 @@ struct KeptStatement {
   odbc::Statement statement;
   bool is_static = false;      // with a cursor that can be positioned
   bool prepared = false;       // and has run
+  bool once = false;           // not for the next caller
   std::string text;            // the statement, the kind of its cursor, the types of its values
   std::size_t sql_length = 0;  // of the statement alone
   std::vector<odbc::Parameter> values;
@@ -54,11 +55,14 @@ class KeptStatements {
  public:
   enum class Cursor { kNone, kStatic };
 
-  KeptStatements(odbc::Connection& connection, DWORD query_timeout);
+  // `forgets_indexes` is what dialect.h tells of the database.
+  KeptStatements(odbc::Connection& connection, DWORD query_timeout, bool forgets_indexes);
   ~KeptStatements();
 
   // A statement for `query`: one that was prepared for it before, or a fresh one.
   std::unique_ptr<KeptStatement> Take(const MarkedSQL& query, Cursor cursor);
+  // The same for a query that an index may answer by itself: a fresh one where indexes are forgotten.
+  std::unique_ptr<KeptStatement> TakeForIndex(const MarkedSQL& query);
   // Ends the statement's result and keeps it for the next caller; the one unused longest makes room. Takes no
   // memory: sets give back when they end, also for want of it.
   void GiveBack(std::unique_ptr<KeptStatement> kept);
@@ -87,11 +91,13 @@ class KeptStatements {
 
  private:
   std::unique_ptr<KeptStatement> MakeFresh(bool is_static);
+  std::unique_ptr<KeptStatement> MakeFor(const MarkedSQL& query, bool is_static);
   RETCODE RunOnce(KeptStatement* kept, bool direct);
   void NoteStale();
 
   odbc::Connection& m_connection;
   DWORD m_query_timeout;
+  const bool m_forgets_indexes;
   std::vector<std::unique_ptr<KeptStatement>> m_idle;  // used last at the end; never grows in memory
   std::unordered_set<std::string> m_known;             // changes that have run
   std::map<std::string, ColumnShape, std::less<>> m_shapes;

@@ -51,7 +51,7 @@ RETCODE KeyedRows::ReadKeys() {
   KeptStatements& statements = m_database.Statements();
   std::unique_ptr<KeptStatement>& kept = Kept();
   statements.GiveBack(std::move(kept));
-  kept = statements.Take(marked, Cursor::kNone);
+  kept = statements.TakeForIndex(marked);
   RETCODE code = statements.Run(marked, &kept);
   m_handle = kept->statement.Handle();
   std::array<LONG, kKeysAtOnce> keys = {};

@@ -16,9 +16,9 @@ bool OneRow::Suits(CDatabase* database) {
   return !WorksPlainly() && database != nullptr && database->IsOpen() && database->KeepsStatements();
 }
 
-OneRow::OneRow(CDatabase& database, const MarkedSQL& query, std::initializer_list<Column> columns)
+OneRow::OneRow(CDatabase& database, const MarkedSQL& query, std::initializer_list<Column> columns, By by)
     : m_database(database) {
-  const RETCODE code = Read(query, columns);
+  const RETCODE code = Read(query, columns, by);
   if (!odbc::Succeeded(code) && code != SQL_NO_DATA) {
     AfxThrowDBException(code, &m_database, m_kept->statement.Handle());
   }
@@ -27,9 +27,10 @@ OneRow::OneRow(CDatabase& database, const MarkedSQL& query, std::initializer_lis
 
 OneRow::~OneRow() { m_database.Statements().GiveBack(std::move(m_kept)); }
 
-RETCODE OneRow::Read(const MarkedSQL& query, std::initializer_list<Column> columns) {
+RETCODE OneRow::Read(const MarkedSQL& query, std::initializer_list<Column> columns, By by) {
   KeptStatements& statements = m_database.Statements();
-  m_kept = statements.Take(query, KeptStatements::Cursor::kNone);
+  m_kept = by == By::kIndex ? statements.TakeForIndex(query)
+                            : statements.Take(query, KeptStatements::Cursor::kNone);
   RETCODE code = statements.Run(query, &m_kept);
   if (odbc::Succeeded(code) && m_kept->row == nullptr) code = Bind(columns);
   return odbc::Succeeded(code) ? m_kept->statement.ExtendedFetch(SQL_FETCH_NEXT, 0) : code;

@@ -17,8 +17,12 @@ class OneRow {
   // The columns of the query in order.
   enum class Column { kNumber, kTime };
 
+  // How the database finds the row: a few are read for it, or an index is read through.
+  enum class By { kRows, kIndex };
+
   // Runs the query and reads its first row. Database exceptions pass on.
-  OneRow(CDatabase& database, const MarkedSQL& query, std::initializer_list<Column> columns);
+  OneRow(CDatabase& database, const MarkedSQL& query, std::initializer_list<Column> columns,
+         By by = By::kRows);
   ~OneRow();
   OneRow(const OneRow&) = delete;
   OneRow& operator=(const OneRow&) = delete;
@@ -29,7 +33,7 @@ class OneRow {
   TIMESTAMP_STRUCT Time(std::size_t column) const;
 
  private:
-  RETCODE Read(const MarkedSQL& query, std::initializer_list<Column> columns);
+  RETCODE Read(const MarkedSQL& query, std::initializer_list<Column> columns, By by);
   RETCODE Bind(std::initializer_list<Column> columns);
   bool IsNull(std::size_t column) const;
   const char* Value(std::size_t column) const;

@@ -13,12 +13,12 @@ constexpr LONG kOwnKey = 1;  // the field id of every table's own key
 
 // The number that a query of the library's own gives, 0 without a row. A record set reads it where no
 // statements are kept.
-LONG NumberOf(CDatabase* database, CString select, const CString& condition) {
+LONG NumberOf(CDatabase* database, CString select, const CString& condition, OneRow::By by) {
   if (OneRow::Suits(database)) {
     const MarkedSQL query = condition.IsEmpty()
                                 ? MarkedSQL{std::move(select), {}}
                                 : TakeOutLiterals(select.View(), PadYears(condition).View(), {});
-    const OneRow row(*database, query, {OneRow::Column::kNumber});
+    const OneRow row(*database, query, {OneRow::Column::kNumber}, by);
     return row.IsThere() ? row.Number(0) : 0;
   }
   CRecordset row(database);
@@ -81,7 +81,7 @@ CString CKyRecSet::WhereClause(const CString& filter) {
 
 // Counts on a statement of its own, so that this set's cursor does not move.
 LONG CKyRecSet::CountByQuery(const CString& where) {
-  return NumberOf(m_pDatabase, kCountFrom + GetDefaultSQL(), where);
+  return NumberOf(m_pDatabase, kCountFrom + GetDefaultSQL(), where, OneRow::By::kIndex);
 }
 
 WORD CKyRecSet::GetNum(LONG* count) {
@@ -113,9 +113,9 @@ bool CKyRecSet::ReadHighest(const CString& key, LONG* id) {
   if (m_pDatabase == nullptr || !m_pDatabase->IsOpen()) return false;
   const CString only = m_pDatabase->FirstRowOnly();
   if (only.IsEmpty()) return false;
-  *id =
-      NumberOf(m_pDatabase,
-               "SELECT " + key + " FROM " + GetDefaultSQL() + " ORDER BY " + key + " DESC" + only, CString());
+  *id = NumberOf(m_pDatabase,
+                 "SELECT " + key + " FROM " + GetDefaultSQL() + " ORDER BY " + key + " DESC" + only,
+                 CString(), OneRow::By::kRows);
   return true;
 }
 

@@ -1,0 +1,50 @@
+// Rows that an index holds in order are read by it however often they are read, and whatever was read between.
+#include "tests/db/toy_set.h"
+
+namespace {
+
+class ToysByCount : public toys::ToySet {
+ public:
+  explicit ToysByCount(CDatabase* database) : ToySet(database) {
+    m_strSort = "tToyCount";
+    HoldRows(keysOnly);
+  }
+};
+
+class IndexPlans : public toys::ToyTest {
+ protected:
+  static constexpr int kToys = 300;
+
+  IndexPlans() {
+    AddToys(kToys);
+    m_raw.Exec("UPDATE Toy SET tToyCount = 1000 - tToyId");
+    m_raw.Exec("CREATE INDEX Toy_Count ON Toy (tToyCount)");
+  }
+
+  // How many rows the library's session has had sorted so far, where the database counts them.
+  LONG SortedRows() {
+    if (support::CurrentKind().Name() != "MariaDB") return 0;
+    CRecordset status(&m_database);
+    status.Open(CRecordset::snapshot,
+                "SELECT CAST(variable_value AS SIGNED) FROM information_schema.session_status "
+                "WHERE variable_name = 'Sort_rows'",
+                CRecordset::readOnly);
+    CDBVariant rows;
+    status.GetFieldValue(short{0}, rows, SQL_C_SLONG);
+    return rows.m_lVal;
+  }
+};
+
+TEST_F(IndexPlans, AnIndexSavesTheSortAlsoWhenSingleRowsWereReadBetween) {
+  for (int time = 1; time <= 4; ++time) {
+    const LONG sorted = SortedRows();
+    ToysByCount toys(&m_database);
+    ASSERT_TRUE(toys.Open(CRecordset::dynaset));
+    EXPECT_EQ(toys.m_id, kToys) << time;
+    toys.SetAbsolutePosition(kToys);
+    EXPECT_EQ(toys.m_id, 1) << time;
+    EXPECT_EQ(SortedRows(), sorted) << "read for the time " << time;
+  }
+}
+
+}  // namespace
