@@ -56,6 +56,15 @@ support::Options Galera::SourceAt(const std::string& node, support::Options opti
                   std::to_string(m_nodes.Port(node)));
 }
 
+support::Options Galera::SourceOfAll(support::Options options) const {
+  std::string hosts;
+  for (const std::string& node : Nodes()) {
+    if (!hosts.empty()) hosts += ',';
+    hosts += m_nodes.Host(node) + ":" + std::to_string(m_nodes.Port(node));
+  }
+  return Replaced(std::move(options), "SERVER", hosts);
+}
+
 std::string Galera::NodeOf(support::RawOdbc& session) const {
   return session.Text("SELECT @@wsrep_node_name");
 }

@@ -49,6 +49,8 @@ class Galera : public Cluster {
     m_nodes.Await(node);
   }
 
+  // Without the proxy: the driver takes the first node of the list that answers.
+  support::Options SourceOfAll(support::Options options) const;
   support::OwnCluster& Control() { return m_nodes; }
 
  private:

@@ -15,12 +15,6 @@ using support::CurrentKind;
 
 constexpr std::chrono::seconds kPatience{40};
 
-std::string AddSource(const support::Options& options) {
-  const std::string name = support::OdbcHome::FreshName();
-  support::OdbcHome::Hold()->AddSource(name, CurrentKind().DriverName(), options);
-  return name;
-}
-
 }  // namespace
 
 ClusterTest::ClusterTest() {
@@ -29,6 +23,12 @@ ClusterTest::ClusterTest() {
   for (const std::string& node : TheCluster().Nodes()) {
     m_source_at[node] = AddSource(TheCluster().SourceAt(node, options));
   }
+}
+
+std::string ClusterTest::AddSource(const support::Options& options) {
+  const std::string name = support::OdbcHome::FreshName();
+  support::OdbcHome::Hold()->AddSource(name, CurrentKind().DriverName(), options);
+  return name;
 }
 
 WORD ClusterTest::Connect(const std::string& source) const {

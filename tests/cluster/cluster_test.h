@@ -21,6 +21,8 @@ class ClusterTest : public testing::Test {
   ClusterTest();
   void TearDown() override { EXPECT_EQ(DB_CloseDatabase(), 0); }
 
+  // Makes a data source and returns its name.
+  static std::string AddSource(const support::Options& options);
   WORD Connect(const std::string& source) const;
   // What a session past the library connects with.
   static std::string Text(const std::string& source);

@@ -144,6 +144,21 @@ TEST_F(NodeLoss, TheNetworkOfTheNodeInUseIsCutAndMended) {
   LoseTheNodeInUse(&Cluster::Cut, &Cluster::BringBackCut);
 }
 
+// The driver goes through the list at each connecting.
+class ListOfHosts : public NodeLoss {
+ protected:
+  void SetUp() override {
+    ASSERT_NE(TheGalera(), nullptr) << "the other kind is always reached so";
+    m_source =
+        AddSource(TheGalera()->SourceOfAll(support::CurrentKind().SourceOptions(m_practice.Database())));
+    NodeLoss::SetUp();
+  }
+};
+
+TEST_F(ListOfHosts, TheNodeInUseIsKilledAndComesBack) {
+  LoseTheNodeInUse(&Cluster::Kill, &Cluster::BringBackKilled);
+}
+
 // Two of three nodes are lost. The one that is left cannot know that it is not the one that is cut off.
 class MajorityLoss : public NodeLoss {
  protected:
