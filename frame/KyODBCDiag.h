@@ -67,10 +67,11 @@ extern "C" {
 /* Fills the record with the last flat call of this process that failed. `size` is the size of the caller's
  * record: fields that the library does not know are left as they are, and dwSize tells how far it came.
  *
- * A call failed when it returned a code other than 0. A move that gives position 0 failed with 64; without a
- * connection a position and DB_GetDatabase fail with 3; DB_CheckVersion fails with 1. Questions whether
- * something is open fail only when the database reports an error (31). Calls that succeed change nothing
- * here, and neither does this function.
+ * A call failed when it returned a code other than 0. A move that gives position 0 failed with 64: szState is
+ * empty when there is no such row, and not when the database could not read it. Without a connection a
+ * position and DB_GetDatabase fail with 3; DB_CheckVersion fails with 1. Questions whether something is open
+ * fail only when the database reports an error (31). Calls that succeed change nothing here, and neither does
+ * this function.
  *
  * The message never shows values of rows: quotations, parentheses and the texts of the database's own
  * triggers are replaced by "?", whatever the log shows. Operations of the C++ classes are not recorded.

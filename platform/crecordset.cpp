@@ -7,6 +7,7 @@
 #include "platform/dialect.h"
 #include "platform/kept_statements.h"
 #include "platform/keyed_rows.h"
+#include "platform/log.h"
 #include "platform/one_way_cursor.h"
 #include "platform/row_fields.h"
 #include "platform/static_cursor.h"
@@ -102,6 +103,14 @@ BOOL CRecordset::Check(RETCODE code) const {
 void CRecordset::ThrowDBException(RETCODE code, HSTMT statement) {
   AfxThrowDBException(code, m_pOpenDatabase != nullptr ? m_pOpenDatabase : m_pDatabase,
                       statement == SQL_NULL_HSTMT && m_rows != nullptr ? m_rows->Handle() : statement);
+}
+
+void CRecordset::NoteFailure(RETCODE code, WORD becomes) const {
+  try {
+    AfxThrowDBException(code, nullptr, m_rows->Handle());
+  } catch (CDBException* exception) {
+    klog::Caught(exception, becomes);
+  }
 }
 
 const CString& CRecordset::GetSQL() const {

@@ -174,6 +174,9 @@ class KYODBC_API CRecordset : public CObject {
   LONG FindKey(LONG key) const;
   // The result had a row at this position, but it has been deleted since, not through this set.
   bool IsGone(LONG position) const;
+  // After a fetch of an open set that failed without an exception: what the database said is logged and kept
+  // for DB_GetLastErrorDetail, as that of a call which ended with this code.
+  void NoteFailure(RETCODE code, WORD becomes) const;
 
   // Names the member that holds the row key. Changes find their row by the key as fetched; without one
   // they compare all bound columns.

@@ -66,7 +66,15 @@ void CKyRecSet::Settle(LONG position) {
   m_bEOF = FALSE;
 }
 
-bool CKyRecSet::FetchAt(LONG position) { return ExtendedFetch(SQL_FETCH_ABSOLUTE, position) == SQL_SUCCESS; }
+bool CKyRecSet::FetchAt(LONG position) { return Fetched(SQL_FETCH_ABSOLUTE, position); }
+
+// A row that cannot be read is none to the caller, as one that is gone. What the database said tells them
+// apart.
+bool CKyRecSet::Fetched(WORD type, LONG row) {
+  const RETCODE code = ExtendedFetch(type, row);
+  if (!Check(code) && IsOpen()) NoteFailure(code, kNoRow);
+  return code == SQL_SUCCESS;
+}
 
 LONG CKyRecSet::MoveToPos(LONG position) {
   CatchUp();
@@ -96,7 +104,7 @@ LONG CKyRecSet::MoveToDelta(LONG delta) {
 void CKyRecSet::MoveFar(LONG delta) {
   // Forwards from a deleted row, the first step reaches the row that took its number.
   const LONG from = IsDeleted() && delta > 0 ? m_lCurrentRecord : GetIndexPos();
-  if (ExtendedFetch(SQL_FETCH_RELATIVE, delta) == SQL_SUCCESS) {
+  if (Fetched(SQL_FETCH_RELATIVE, delta)) {
     Settle(from + delta);
   } else if (delta < 0) {
     m_lCurrentRecord = AFX_CURRENT_RECORD_BOF;

@@ -141,6 +141,7 @@ class KYODBC_API CKyRecSet : public CRecordset {
   void RequeryNow();
   void Settle(LONG position);
   bool FetchAt(LONG position);
+  bool Fetched(WORD type, LONG row);
   void MoveFar(LONG delta);
 
   WORD AppendClauses(LONG fields, LONG operators, const void* const* values, CString& clauses);

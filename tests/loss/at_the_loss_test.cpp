@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/KyODBCDiag.h"
 #include "tests/flat/every_call.h"
 #include "tests/loss/loss_test_base.h"
 
@@ -223,6 +224,27 @@ TEST_P(AtTheLoss, InitialisingOnceTheLossIsKnownConnects) {
   LONG count = 0;
   EXPECT_EQ(DB_GetNumTPat(&count), 31);
   EXPECT_EQ(Connect(), 0);
+  ExpectHealed();
+}
+
+using DetailOfALoss = LossTest;
+
+// A row that is gone and one that cannot be read give the same code: who shows rows must know which it is.
+TEST_F(DetailOfALoss, ARowThatCannotBeReadIsToldFromOneThatIsGone) {
+  ASSERT_EQ(DB_OpenTPat(), 0);
+  tagDBERRORDETAIL detail{};
+  EXPECT_EQ(DB_MoveToTPatByPos(2), 0);
+  ASSERT_EQ(DB_GetLastErrorDetail(&detail, sizeof detail), 0);
+  EXPECT_EQ(detail.wCode, 64);
+  EXPECT_STREQ(detail.szState, "");
+  TheRelay().Lose(Loss::kReset);
+  EXPECT_EQ(DB_MoveToTPatByPos(1), 0);
+  ASSERT_EQ(DB_GetLastErrorDetail(&detail, sizeof detail), 0);
+  EXPECT_STRNE(detail.szState, "");
+  tagTPATIENT patient{};
+  EXPECT_NE(DB_GetTPatByPos(1, &patient), 0);
+  ASSERT_EQ(DB_GetLastErrorDetail(&detail, sizeof detail), 0);
+  EXPECT_STRNE(detail.szState, "");
   ExpectHealed();
 }
 

@@ -65,6 +65,25 @@ TEST_F(Lost, AStepConnectsAgainAndIsTakenWithTheSameFilterAndOrder) {
   EXPECT_EQ(NameAtCursor(Main()), "C06");
 }
 
+TEST_F(Lost, RowsThatCannotBeReadAreNotTakenForDeletedOnes) {
+  for (const Loss loss : {Loss::kReset, Loss::kFinish}) {
+    Press(*m_browser, Key::kHome);
+    m_relay->Lose(loss);
+    Press(*m_browser, Key::kPageDown);
+    for (const std::string& name : Names(Main())) EXPECT_NE(name, "gone");
+  }
+}
+
+TEST_F(Lost, WithoutAServerNoRowIsTakenForADeletedOne) {
+  Press(*m_browser, Key::kHome);
+  m_relay->Refuse(true);
+  m_relay->Lose(Loss::kReset);
+  for (const Key key : {Key::kPageDown, Key::kDown, Key::kEnd, Key::kPageUp}) {
+    Press(*m_browser, key);
+    for (const std::string& name : Names(Main())) EXPECT_NE(name, "gone");
+  }
+}
+
 TEST_F(Lost, AReloadConnectsAgainAndStaysOnTheRow) {
   m_relay->Lose(Loss::kReset);
   Type(*m_browser, "r");

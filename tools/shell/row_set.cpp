@@ -90,21 +90,30 @@ LONG RowSet::OpenAtKey(LONG key) {
   return key == 0 ? 0 : position;
 }
 
-// A move answers 0 for "no such row" and for every failure; what it was, only the last failure tells.
-LONG RowSet::Moved(LONG position) const {
-  if (position > 0) return position;
+// A call answers "no such row" also when the database failed to read it, and a move answers 0 for every
+// failure; what it was, only the last failure tells.
+void RowSet::CheckGone() const {
   tagDBERRORDETAIL failure{};
   DB_GetLastErrorDetail(&failure, sizeof failure);
   if (failure.wCode != KYODBC_NO_ROW) CheckSet(failure.wCode, Reading());
+  if (failure.szState[0] != '\0') CheckSet(KYODBC_DB_EXCEPTION, Reading());
+}
+
+LONG RowSet::Moved(LONG position) const {
+  if (position > 0) return position;
+  CheckGone();
   return 0;
 }
 
 Row RowSet::Current(LONG position) const {
   Row row{position, std::vector<char>(m_table.data->record_size)};
   const WORD code = m_table.get_by_pos(0, row.record.data());
-  if (code == KYODBC_NO_ROW) return {position, {}};
-  CheckSet(code, Reading());
-  return row;
+  if (code != KYODBC_NO_ROW) {
+    CheckSet(code, Reading());
+    return row;
+  }
+  CheckGone();
+  return {position, {}};
 }
 
 // Steps where it can, since the library reads ahead of steps. A step passes over rows that are gone.

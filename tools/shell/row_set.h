@@ -73,6 +73,8 @@ class RowSet {
  private:
   void CountRows();
   void SetWords(const Filter& filter, LONG sort);
+  // Throws SetError when the last call did not find a row, but for another reason than that there is none.
+  void CheckGone() const;
   LONG Moved(LONG position) const;
   Row Current(LONG position) const;
   LONG KeyAt(LONG position) const;
