@@ -69,9 +69,9 @@ CString StatementLimit(const DriverFacts& facts, DWORD seconds);
 // set and to forget it around every statement.
 bool LimitsItself(const DriverFacts& facts);
 
-// Whether a prepared statement may be planned worse when it is run again: once another statement has read the
-// table, that server does not see any more that an index alone holds what is asked for, and reads or sorts the
-// whole table.
+// Whether a prepared statement may be planned worse when it is run again: once another statement has read
+// the table, that server does not see any more that an index alone holds what is asked for, and reads or
+// sorts the whole table.
 bool ForgetsIndexes(const DriverFacts& facts);
 
 // Whether the driver ends statements with their connection and asks the server nothing then. Of each that is

@@ -1,4 +1,4 @@
-// Rows that an index holds in order are read by it however often they are read, and whatever was read between.
+// Rows that an index holds in order are read by it however often they are read, whatever was read between.
 #include "tests/db/toy_set.h"
 
 namespace {
@@ -21,14 +21,10 @@ class IndexPlans : public toys::ToyTest {
     m_raw.Exec("CREATE INDEX Toy_Count ON Toy (tToyCount)");
   }
 
-  // How many rows the library's session has had sorted so far, where the database counts them.
+  // By the library's session.
   LONG SortedRows() {
-    if (support::CurrentKind().Name() != "MariaDB") return 0;
     CRecordset status(&m_database);
-    status.Open(CRecordset::snapshot,
-                "SELECT CAST(variable_value AS SIGNED) FROM information_schema.session_status "
-                "WHERE variable_name = 'Sort_rows'",
-                CRecordset::readOnly);
+    status.Open(CRecordset::snapshot, support::CurrentKind().SortedRowsQuery().c_str(), CRecordset::readOnly);
     CDBVariant rows;
     status.GetFieldValue(short{0}, rows, SQL_C_SLONG);
     return rows.m_lVal;

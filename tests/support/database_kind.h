@@ -47,6 +47,8 @@ class DatabaseKind {
                                                        const std::string& select) const = 0;
   // The statements after which {call spky_ping} fails.
   virtual std::vector<std::string> RemovePingStatements() const = 0;
+  // A query for the number of rows that the session has had sorted so far; 0 where nobody counts.
+  virtual std::string SortedRowsQuery() const { return "SELECT 0"; }
 };
 
 // The kind named by KYODBC_TEST_DB; without it the embedded one. An unknown name throws std::runtime_error.

@@ -171,6 +171,10 @@ class MariadbKind : public ServerKind {
     return {"CREATE PROCEDURE " + name + "() " + select};
   }
   std::vector<std::string> RemovePingStatements() const override { return {"DROP PROCEDURE spky_ping"}; }
+  std::string SortedRowsQuery() const override {
+    return "SELECT CAST(variable_value AS SIGNED) FROM information_schema.session_status "
+           "WHERE variable_name = 'Sort_rows'";
+  }
 
  protected:
   std::string Connect(const std::string& database) const override {
