@@ -24,7 +24,7 @@ class Silence : public LossTest {
   }
   static constexpr Seconds kBound{10};
 
-  // Counts, rows of browse sets, single rows, newest rows, changes, settings.
+  // Counts, rows of browse sets, single rows, changes, highest keys; connecting has read settings.
   void UseEveryKindOfStatement() {
     ASSERT_EQ(DB_OpenTPat(), 0);
     LONG count = 0;
