@@ -67,13 +67,12 @@ WORD Walk() {
   return DB_CloseTPat();
 }
 
-// `place` makes the patients of targets that share a practice different ones.
-void Turn(Target& target, int place, int turn) {
+void Turn(Target& target, int turn) {
   target.prepare();
   Need(DB_InitDatabase(&target.parameters), "DB_InitDatabase");
   const bool first = target.patient == 0;
   for (int number = 0; first && number < kPatients; ++number) {
-    tagTPATIENT patient = Patient(kPatients * place + number);
+    tagTPATIENT patient = Patient(number);
     Need(DB_AddNewTPat(&patient), "DB_AddNewTPat");
     if (number == kPatients / 2) target.patient = patient.lPatID;
   }
@@ -85,8 +84,7 @@ void Turn(Target& target, int place, int turn) {
     support::SetText(patient.szFirstname, std::to_string(turn) + "." + std::to_string(call));
     Measure(target, "edit", [&] { return DB_EditSelTPat(&patient, 1 << 6); });
     tagTSTATION station{};
-    support::SetText(station.szName,
-                     std::to_string(place) + "." + std::to_string(turn) + "." + std::to_string(call));
+    support::SetText(station.szName, std::to_string(turn) + "." + std::to_string(call));
     Measure(target, "add", [&] { return DB_AddNewTStat(&station); });
     Measure(target, "newest", [&] { return DB_GetLastPatID(&newest); });
   }
@@ -121,59 +119,57 @@ void Print(const std::vector<Target>& targets) {
   }
 }
 
-std::vector<Target> GaleraTargets(const support::Practice& alone, const support::Practice& shared,
-                                  const support::Options& single, const support::Options& all) {
-  const auto sync_wait = [all](const char* value) {
-    return [=] {
-      support::RawOdbc(support::CurrentKind().DriverFile().insert(0, "DRIVER=") +
-                       [&] {
-                         std::string text;
-                         for (const auto& [name, option] : all) text += ";" + name + "=" + option;
-                         return text + ";UID=practice;PWD=secret";
-                       }())
-          .Exec(std::string("SET GLOBAL wsrep_sync_wait = ") + value);
-    };
-  };
-  return {
-      {"single server",               Parameters(alone,  single), [] {},          0, {}},
-      {"Galera behind HAProxy",       Parameters(shared, all),    sync_wait("1"), 0, {}},
-      {"Galera, wsrep-sync-wait = 0", Parameters(shared, all),    sync_wait("0"), 0, {}},
-  };
+// A practice of its own for each target: what another one adds would make its sets longer.
+struct Place {
+  explicit Place(const cluster::Cluster* nodes = nullptr)
+      : options(support::CurrentKind().SourceOptions(practice.Database())) {
+    if (nodes != nullptr) options = nodes->Source(options);
+  }
+
+  support::Practice practice;
+  support::Options options;
+};
+
+Target TargetAt(
+    const char* name, const Place& place, std::function<void()> prepare = [] {}) {
+  return {name, Parameters(place.practice, place.options), std::move(prepare), 0, {}};
 }
 
-std::vector<Target> StandbyTargets(const support::Practice& alone, const support::Practice& shared,
-                                   const support::Options& single, const support::Options& all) {
-  const auto with = [&](const char* commit) {
-    support::Options options = all;
-    options.emplace_back("ConnSettings", std::string("SET+synchronous_commit+%3D+") + commit);
-    return Parameters(shared, options);
-  };
-  return {
-      {"single server", Parameters(alone,      single),                           [] {},  0, {}},
-      {"synchronous standby, remote_apply",               with("remote_apply"),  [] {}, 0, {}},
-      {"synchronous standby, on (its disk)",               with("on"), [] {},          0,           {} },
-  };
+std::function<void()> SetsSyncWait(const Place& place, const char* value) {
+  std::string connection = "DRIVER=" + support::CurrentKind().DriverFile();
+  for (const auto& [name, option] : place.options) connection += ";" + name + "=" + option;
+  connection += ";UID=practice;PWD=secret";
+  return [=] { support::RawOdbc(connection).Exec(std::string("SET GLOBAL wsrep_sync_wait = ") + value); };
+}
+
+void CommitsWhen(Place& place, const char* commit) {
+  place.options.emplace_back("ConnSettings", std::string("SET+synchronous_commit+%3D+") + commit);
 }
 
 void Run(int turns) {
   const bool postgresql = std::string(support::CurrentKind().Name()) == "PostgreSQL";
   const support::OwnServer server(postgresql ? "postgresql" : "mariadb");
-  const support::Practice alone;
-  const support::Options single = support::CurrentKind().SourceOptions(alone.Database());
+  const Place alone;
   std::unique_ptr<cluster::Cluster> nodes;
   if (postgresql) {
     nodes = std::make_unique<cluster::Standby>();
   } else {
     nodes = std::make_unique<cluster::Galera>();
   }
-  const support::Practice shared;
-  const support::Options all = nodes->Source(support::CurrentKind().SourceOptions(shared.Database()));
-  std::vector<Target> targets =
-      postgresql ? StandbyTargets(alone, shared, single, all) : GaleraTargets(alone, shared, single, all);
+  Place strict(nodes.get());
+  Place loose(nodes.get());
+  std::vector<Target> targets{TargetAt("single server", alone)};
+  if (postgresql) {
+    CommitsWhen(strict, "remote_apply");
+    CommitsWhen(loose, "on");
+    targets.push_back(TargetAt("synchronous standby, remote_apply", strict));
+    targets.push_back(TargetAt("synchronous standby, on (its disk)", loose));
+  } else {
+    targets.push_back(TargetAt("Galera behind HAProxy", strict, SetsSyncWait(strict, "1")));
+    targets.push_back(TargetAt("Galera, wsrep-sync-wait = 0", loose, SetsSyncWait(loose, "0")));
+  }
   for (int turn = 0; turn < turns; ++turn) {
-    for (std::size_t place = 0; place < targets.size(); ++place) {
-      Turn(targets[place], static_cast<int>(place), turn);
-    }
+    for (Target& target : targets) Turn(target, turn);
   }
   Print(targets);
   std::fflush(stdout);
