@@ -20,7 +20,7 @@ TEST_F(RecordSetAdding, AnUntouchedKeyIsLeftOutAndTheDatabaseGivesIt) {
   m_set.m_count = 7;
   EXPECT_TRUE(m_set.Update());
   EXPECT_EQ(m_raw.Count("Toy"), 1);
-  EXPECT_EQ(StoredText("tToyCount"), "7");
+  EXPECT_EQ(StoredText("tToyCount", m_raw.Number("SELECT tToyId FROM Toy")), "7");
 }
 
 TEST_F(RecordSetAdding, OnlyAssignedFieldsReachTheInsert) {

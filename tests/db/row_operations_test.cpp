@@ -297,7 +297,7 @@ TEST_F(RowOperations, OtherTablesHaveNoProtectedRows) {
   makro.wNo = 1;
   SetText(makro.szName, "-");
   ASSERT_EQ(makros.AddRow(&makro), 0);
-  EXPECT_EQ(Val(makro.lMakID), 1);
+  EXPECT_EQ(Val(makro.lMakID), Raw().Number("SELECT tMakCulIntMakIDPk FROM TMakro"));
   EXPECT_EQ(makros.EditRow(&makro, 0xFFFFFFFF), 0);
   EXPECT_EQ(makros.DeleteRow(&makro), 0);
 }

@@ -206,9 +206,10 @@ TEST_F(TableRules, ImagesMoveToTheirKey) {
   for (int i = 1; i <= 3; ++i)
     Raw().Exec("INSERT INTO TImage (tImgSName) VALUES ('i" + std::to_string(i) + "')");
   ASSERT_EQ(DB_SetTImgSortIndex(KYODBC_FIELD_NAME | KYODBC_DESCENDING), 0);
-  EXPECT_EQ(DB_MoveToTImgByIntID(1), 0);  // closed
+  const LONG first = Raw().Number("SELECT MIN(tImgCulIntImgIDPk) FROM TImage");
+  EXPECT_EQ(DB_MoveToTImgByIntID(first), 0);  // closed
   ASSERT_EQ(DB_OpenTImg(), 0);
-  EXPECT_EQ(DB_MoveToTImgByIntID(1), 3);
+  EXPECT_EQ(DB_MoveToTImgByIntID(first), 3);
   EXPECT_EQ(DB_MoveToTImgByIntID(4711), 1);
 }
 
