@@ -101,6 +101,20 @@ class Doctor(ToolCase):
                      "names ", "row counts ", "schema version 4.0"):
             self.assertRegex(output, "(?m)^" + fact)
 
+    def test_a_data_source_may_be_named_as_for_other_commands(self):
+        code, output = self.examine(self.good, source="dsn:good")
+        self.assertEqual(code, 0, output)
+        self.assertIn("no data source 'other' with a driver", self.examine(self.good, source="dsn:other")[1])
+
+    def test_a_practice_may_be_named_by_its_folder(self):
+        folder = self.folder / f"{self.kind.name}-folder"
+        self.done("init", folder)
+        code, output = self.examine(self.good, source=folder)
+        if self.kind.user:  # a folder knows no users
+            self.assertEqual(code, 2, output)
+        else:
+            self.assertEqual((code, output.splitlines()[-1]), (0, "All is well."), output)
+
     def test_with_json_one_document_is_printed_and_nothing_else(self):
         code, output = self.examine(self.good, "--json")
         self.assertEqual(code, 0, output)

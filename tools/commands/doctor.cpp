@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,15 +16,24 @@
 #include "tools/doctor/source.h"
 #include "tools/output.h"
 #include "tools/place.h"
+#include "tools/practice_folder.h"
 #include "tools/terminal.h"
 #include "tools/tool_error.h"
 
 namespace {
 
-struct DoctorOptions {
-  std::string source;
-  Login login;
-};
+// What to examine is a practice as elsewhere, a folder or dsn:NAME, or a data source's bare name, which is
+// what people have at hand who have just written one. Told apart before anything is looked up: the driver
+// manager remembers where its files are.
+Source Wanted(const Place& place) {
+  if (const std::optional<std::string> name = SourceOf(place)) return FindSource(*name);
+  const PracticeFolder folder(place.practice);
+  std::error_code ignored;
+  if (!std::filesystem::exists(folder.Sources(), ignored)) return FindSource(place.practice);
+  RequireNoLogin(place);
+  folder.UseForThisProcess();
+  return FindSource(kDataSource);
+}
 
 // One driver makes the file that it does not find.
 bool MayConnect(const Source& source, Findings& findings) {
@@ -37,8 +47,8 @@ bool MayConnect(const Source& source, Findings& findings) {
   return false;
 }
 
-Facts CheckDatabase(const DoctorOptions& options, const Source& source, Findings& findings) {
-  const tagDBCONNECT parameters = Parameters(options.source, options.login);
+Facts CheckDatabase(const Login& login, const Source& source, Findings& findings) {
+  const tagDBCONNECT parameters = Parameters(source.name, login);
   if (!MayConnect(source, findings)) return {};
   const WORD code = DB_InitDatabase(&parameters);
   if (code != KYODBC_OK) {
@@ -49,10 +59,10 @@ Facts CheckDatabase(const DoctorOptions& options, const Source& source, Findings
   CDatabase& database = *DB_GetDatabase();
   const Facts facts = FactsOf(database, source);
   CheckAbilities(database, findings);
-  CheckPractice(database, options.login.owner, findings);
+  CheckPractice(database, login.owner, findings);
   CheckEncoding(database, source, findings);
   CheckEncryption(database, source, findings);
-  CheckSchema(database, options.login.owner, findings);
+  CheckSchema(database, login.owner, findings);
   DB_CloseDatabase();
   return facts;
 }
@@ -66,15 +76,15 @@ void Print(const Facts& facts, const Findings& findings) {
   if (findings.Empty()) fmt::print("{}\n", Coloured(stdout, Look::kGood, "All is well."));
 }
 
-void Examine(const DoctorOptions& options) {
+void Examine(const Place& place) {
   Findings findings;
-  const Source source = FindSource(options.source);
+  const Source source = Wanted(place);
   CheckSource(source, findings);
-  const Facts facts = CheckDatabase(options, source, findings);
+  const Facts facts = CheckDatabase(place.login, source, findings);
   const std::size_t number = findings.Sentences().size();
   if (AsJson()) {
     PrintJson({
-        {"source",   options.source      },
+        {"source",   source.name         },
         {"facts",    facts               },
         {"findings", findings.Sentences()}
     });
@@ -87,10 +97,14 @@ void Examine(const DoctorOptions& options) {
 }  // namespace
 
 void AddDoctor(CLI::App& program, Action& run) {
-  CLI::App* command = program.add_subcommand("doctor", "Tell what is wrong or risky about a data source");
-  const auto options = std::make_shared<DoctorOptions>();
-  command->add_option("DSN", options->source, "The data source, as odbc.ini names it")->required();
-  AddLogin(*command, options->login);
+  CLI::App* command =
+      program.add_subcommand("doctor", "Tell what is wrong or risky about a practice's data source");
+  const auto place = std::make_shared<Place>();
+  command
+      ->add_option("PRACTICE", place->practice,
+                   "The folder of the practice, or an ODBC data source, NAME or dsn:NAME")
+      ->required();
+  AddLogin(*command, place->login);
   AddJson(*command);
-  command->callback([options, &run] { run = [options] { Examine(*options); }; });
+  command->callback([place, &run] { run = [place] { Examine(*place); }; });
 }
