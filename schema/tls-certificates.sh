@@ -22,11 +22,12 @@ mkdir -p "$folder"
 
 new_key() { openssl genpkey -quiet -algorithm EC -pkeyopt ec_paramgen_curve:P-256 -out "$1"; }
 
-# What a certificate says of the server: addresses are written otherwise than names.
+# What a certificate says of the server: addresses are written otherwise than names. The nodes of a cluster show
+# it to one another, and the one that asks is the other's client.
 names_of() {
   if [[ $1 =~ ^[0-9.]+$ || $1 == *:* ]]; then echo "subjectAltName=IP:$1"; else echo "subjectAltName=DNS:$1"; fi
   echo 'basicConstraints=critical,CA:FALSE'
-  echo 'extendedKeyUsage=serverAuth'
+  echo 'extendedKeyUsage=serverAuth,clientAuth'
 }
 
 authority=$folder/practice-ca

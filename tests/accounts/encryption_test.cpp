@@ -82,6 +82,16 @@ TEST_F(Encryption, NeedsAServerThatTheAuthorityVouchesFor) {
   EXPECT_EQ(ConnectTrusting(Certificate("practice-ca.crt")), 0);
 }
 
+// Of two nodes of a cluster one comes to the other as its client.
+TEST_F(Encryption, CertificatesServeBothEndsOfAConnection) {
+  for (const char* purpose : {"sslserver", "sslclient"}) {
+    const std::string line = "openssl verify -purpose " + std::string(purpose) + " -CAfile " +
+                             Certificate("practice-ca.crt") + " " + Certificate("localhost.crt") +
+                             " >/dev/null 2>&1";
+    EXPECT_EQ(std::system(line.c_str()), 0) << purpose;
+  }
+}
+
 TEST_F(Encryption, KeysAreForTheirOwnerOnly) {
   for (const char* key : {"localhost.key", "practice-ca.key"}) {
     EXPECT_EQ(fs::status(Certificate(key)).permissions() & fs::perms(077), fs::perms::none) << key;
