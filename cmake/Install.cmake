@@ -37,6 +37,11 @@ install(DIRECTORY bindings/python/kyodbc DESTINATION ${KYODBC_PYTHON_FOLDER} COM
         FILES_MATCHING PATTERN "*.py" PATTERN "py.typed" PATTERN "__pycache__" EXCLUDE)
 install(FILES bindings/python/README.md bindings/python/example.py
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kyodbc-tools/python COMPONENT tools)
+# As in the repository, so that links from one guide to another hold.
+install(FILES README.md SECURITY.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kyodbc-tools COMPONENT tools)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kyodbc-tools COMPONENT tools
+        FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "site" EXCLUDE PATTERN "templates" EXCLUDE
+        PATTERN "screens" EXCLUDE)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libkyodbc-dev COMPONENT development
         FILES_MATCHING PATTERN "*.c" PATTERN "*.cpp" PATTERN "README.md")
 install(FILES bindings/csharp/KyODBC.cs DESTINATION ${CMAKE_INSTALL_DATADIR}/kyodbc/csharp COMPONENT development)

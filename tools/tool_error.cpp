@@ -3,6 +3,8 @@
 #include <KyODBCDiag.h>
 #include <fmt/format.h>
 
+#include <optional>
+
 #include "tools/text_table.h"
 
 namespace {
@@ -36,15 +38,17 @@ constexpr Meaning kMeanings[] = {
     {KYODBC_SETS_NOT_CREATED,  "the record sets could not be created"                  },
 };
 
-// The driver's words for the failure, which hold no values of rows; empty when the library itself refused.
-std::string SaidByDatabase(WORD code) {
+// The driver's words for the failure, which hold no values of rows; nothing when the library itself refused.
+std::optional<tagDBERRORDETAIL> SaidByDatabase(WORD code) {
   tagDBERRORDETAIL failure{};
   if (DB_GetLastErrorDetail(&failure, sizeof failure) != KYODBC_OK) return {};
   if (failure.wCode != code || failure.lRecords == 0) return {};
-  return fmt::format("; the database said: {} (SQLSTATE {})", Printable(failure.szMessage), failure.szState);
+  return failure;
 }
 
 }  // namespace
+
+bool IsLoss(std::string_view state) { return state.starts_with("08") || state.starts_with("57P0"); }
 
 std::string MeaningOf(WORD code) {
   for (const Meaning& meaning : kMeanings) {
@@ -53,8 +57,16 @@ std::string MeaningOf(WORD code) {
   return "unknown";
 }
 
+std::string MeaningOf(WORD code, std::string_view state) {
+  const bool was_connected = code != KYODBC_CONNECT_FAILED && code != KYODBC_NOT_OPENED;
+  return was_connected && IsLoss(state) ? kLost : MeaningOf(code);
+}
+
 void Check(WORD code, const std::string& doing) {
   if (code == KYODBC_OK) return;
-  throw ToolError(kFailed,
-                  fmt::format("{}: {} (code {}){}", doing, MeaningOf(code), code, SaidByDatabase(code)));
+  const std::optional<tagDBERRORDETAIL> said = SaidByDatabase(code);
+  if (!said) throw ToolError(kFailed, fmt::format("{}: {} (code {})", doing, MeaningOf(code), code));
+  throw ToolError(
+      kFailed, fmt::format("{}: {} (code {}); the database said: {} (SQLSTATE {})", doing,
+                           MeaningOf(code, said->szState), code, Printable(said->szMessage), said->szState));
 }

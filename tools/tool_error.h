@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 enum ExitCode {
   kDone = 0,
@@ -30,6 +31,12 @@ class ToolError : public std::runtime_error {
 
 // What a result code means, in a few words.
 std::string MeaningOf(WORD code);
+// The same where the database told a SQLSTATE: of a lost connection the code tells the place only.
+std::string MeaningOf(WORD code, std::string_view state);
+
+// A connection that is lost, or a server that is ending.
+bool IsLoss(std::string_view state);
+inline constexpr const char* kLost = "the connection to the database was lost";
 
 // Throws a ToolError that names what was being done, what `code` means and what the database said, unless it
 // is 0. To be called before another call of the library.

@@ -84,7 +84,8 @@ usr=$root/usr
 for file in lib/$multiarch/libKyODBC.so.1 lib/$multiarch/libKyODBC.so include/KyODBC.h bin/kyodbc \
   share/man/man1/kyodbc.1.gz share/man/man3/kyodbc.3.gz share/man/man7/libkyfault.7.gz \
   share/bash-completion/completions/kyodbc lib/$multiarch/odbc/libkyfault.so \
-  lib/python3/dist-packages/kyodbc/__init__.py share/kyodbc/schema/postgresql.sql; do
+  lib/python3/dist-packages/kyodbc/__init__.py share/kyodbc/schema/postgresql.sql \
+  share/doc/kyodbc-tools/docs/databases.md share/doc/kyodbc-tools/docs/guide/getting-started.md; do
   [[ -e $usr/$file ]] || fail "/usr/$file is missing"
 done
 for package in libkyodbc1 libkyodbc-dev kyodbc-tools libkyfault; do

@@ -87,6 +87,17 @@ TEST(ResultCodes, AreNamedInMessages) {
   }
 }
 
+TEST(ResultCodes, SayThatTheConnectionWasLostWhereItWas) {
+  for (const char* state : {"08S01", "08003", "57P01"}) {
+    EXPECT_EQ(MeaningOf(KYODBC_NO_ROW, state), "the connection to the database was lost") << state;
+    EXPECT_EQ(MeaningOf(KYODBC_CONNECT_FAILED, state), MeaningOf(KYODBC_CONNECT_FAILED)) << state;
+    EXPECT_EQ(MeaningOf(KYODBC_NOT_OPENED, state), MeaningOf(KYODBC_NOT_OPENED)) << state;
+  }
+  for (const char* state : {"", "42000", "57014"}) {
+    EXPECT_EQ(MeaningOf(KYODBC_NO_ROW, state), "there is no such row") << state;
+  }
+}
+
 TEST(ResultCodes, AllHaveAMeaning) {
   for (const WORD code : {0, 1, 3, 4, 5, 6, 8, 14, 21, 30, 31, 52, 55, 56, 57, 64, 65, 66, 67, 99}) {
     EXPECT_NE(MeaningOf(code), "unknown") << code;

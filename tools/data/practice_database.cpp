@@ -84,8 +84,8 @@ void ThrowRefused(CDBException* exception, const std::string& doing) {
                                 "tables has it",
                                 doing, state));
   }
-  throw ToolError(kFailed, fmt::format("{}: the database refused (SQLSTATE {}); KYODBC_LOG=error shows why",
-                                       doing, state));
+  throw ToolError(kFailed, fmt::format("{}: {} (SQLSTATE {}); KYODBC_LOG=error shows why", doing,
+                                       IsLoss(state) ? kLost : "the database refused", state));
 }
 
 PracticeDatabase::PracticeDatabase(const Place& place, const PasswordOf& whose)
@@ -186,7 +186,8 @@ void PracticeDatabase::EndSnapshot() {
 }
 
 Changes::Changes(PracticeDatabase& database) : m_database(database.Connection()) {
-  if (!m_database.BeginTrans()) throw ToolError(kFailed, "the database begins no transaction");
+  if (!m_database.BeginTrans())
+    throw ToolError(kFailed, "the database begins no transaction; KYODBC_LOG=error shows why");
 }
 
 Changes::~Changes() {
