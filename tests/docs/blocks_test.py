@@ -15,9 +15,11 @@ ROOT = pathlib.Path(sys.argv[1])
 TOOLS = Toolchain(ROOT, sys.argv[2], sys.argv[3], sys.argv[4], " ".join(sys.argv[5:]))
 # What pages may show: programs, outputs, and files that something else reads.
 KNOWN = {"c", "cpp", "python", "sh", "text", "ini"}
-# Tested elsewhere: the servers' set-up on servers, the clusters' on clusters, the programs of examples/ as programs
-# of examples/.
-ELSEWHERE = {"docs/databases.md": KNOWN, "docs/cluster.md": KNOWN | {"sql"}, "docs/examples.md": {"c", "cpp", "python"}}
+# Tested elsewhere: the servers' set-up on servers, the clusters' on clusters, the programs of examples/ as
+# programs of examples/.
+ELSEWHERE = {"docs/databases.md": KNOWN,
+             "docs/cluster.md": KNOWN | {"sql"},
+             "docs/examples.md": {"c", "cpp", "python"}}
 
 
 def pattern(text):
