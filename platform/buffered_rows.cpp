@@ -70,6 +70,7 @@ RETCODE BufferedRows::DescribeResult() {
   SQLUSMALLINT column = 0;
   for (CODBCFieldInfo& info : m_columns) {
     code = StaticCursor::DescribeColumn(++column, &info);
+    if (odbc::Succeeded(code)) code = StaticCursor::Nullability(column, &info.m_nNullability);
     if (!odbc::Succeeded(code)) return code;
   }
   return SQL_SUCCESS;
@@ -109,6 +110,12 @@ RETCODE BufferedRows::ColumnCount(SWORD* count) {
 RETCODE BufferedRows::DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) {
   if (column < 1 || column > m_columns.size()) return SQL_ERROR;
   *info = m_columns[column - 1U];
+  return SQL_SUCCESS;
+}
+
+RETCODE BufferedRows::Nullability(SQLUSMALLINT column, SWORD* nullability) {
+  if (column < 1 || column > m_columns.size()) return SQL_ERROR;
+  *nullability = m_columns[column - 1U].m_nNullability;
   return SQL_SUCCESS;
 }
 

@@ -19,6 +19,7 @@ class BufferedRows : public StaticCursor {
   RETCODE Execute(const RowQuery& query) override;
   RETCODE ColumnCount(SWORD* count) override;
   RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) override;
+  RETCODE Nullability(SQLUSMALLINT column, SWORD* nullability) override;
   RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
                      SQLLEN* indicator) override;
   RETCODE GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator) override;

@@ -208,6 +208,8 @@ class KYODBC_API CRecordset : public CObject {
   void RunQuery();
   void DescribeColumns();
   void DescribeResult();
+  void DescribeField(short index, CODBCFieldInfo* info);
+  SWORD NullabilityOf(short index);
   void StandOnFirst();
   void SettleRow();
   void SettleEnd(WORD fetch_type);

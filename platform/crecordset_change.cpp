@@ -232,9 +232,10 @@ BOOL CRecordset::IsFieldNull(void* member) {
 }
 
 BOOL CRecordset::IsFieldNullable(void* member) {
+  short index = -1;
   for (const Field& field : m_fields->All()) {
-    if ((member == nullptr || field.member == member) && field.column.m_nNullability != SQL_NO_NULLS)
-      return TRUE;
+    ++index;
+    if ((member == nullptr || field.member == member) && NullabilityOf(index) != SQL_NO_NULLS) return TRUE;
   }
   return FALSE;
 }

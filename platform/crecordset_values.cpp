@@ -92,22 +92,35 @@ void CRecordset::RequireColumn(short index) {
 short CRecordset::ColumnIndex(const char* name) {
   CODBCFieldInfo info;
   for (short index = 0; index < m_nResultCols; ++index) {
-    GetODBCFieldInfo(index, info);
+    DescribeField(index, &info);
     if (info.m_strName.CompareNoCase(name) == 0) return index;
   }
   ThrowDBException(AFX_SQL_ERROR_NO_SUCH_COLUMN);
   return -1;
 }
 
-void CRecordset::GetODBCFieldInfo(short index, CODBCFieldInfo& info) {
-  RequireColumn(index);
+void CRecordset::DescribeField(short index, CODBCFieldInfo* info) {
   const auto number = static_cast<std::size_t>(index);
   if (number < m_fields->Count()) {
-    info = m_fields->At(number).column;
+    *info = m_fields->At(number).column;
     return;
   }
-  const RETCODE code = m_rows->DescribeColumn(static_cast<SQLUSMALLINT>(index + 1), &info);
+  const RETCODE code = m_rows->DescribeColumn(static_cast<SQLUSMALLINT>(index + 1), info);
   if (!odbc::Succeeded(code)) ThrowDBException(code);
+}
+
+// Asked for when someone wants it, and unknown where the driver cannot be asked.
+SWORD CRecordset::NullabilityOf(short index) {
+  SWORD nullability = SQL_NULLABLE_UNKNOWN;
+  if (!IsOpen()) return nullability;
+  const RETCODE code = m_rows->Nullability(static_cast<SQLUSMALLINT>(index + 1), &nullability);
+  return odbc::Succeeded(code) ? nullability : SWORD{SQL_NULLABLE_UNKNOWN};
+}
+
+void CRecordset::GetODBCFieldInfo(short index, CODBCFieldInfo& info) {
+  RequireColumn(index);
+  DescribeField(index, &info);
+  info.m_nNullability = NullabilityOf(index);
 }
 
 void CRecordset::GetODBCFieldInfo(const char* name, CODBCFieldInfo& info) {

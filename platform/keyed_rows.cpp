@@ -107,6 +107,12 @@ RETCODE KeyedRows::DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) {
   return odbc::Succeeded(code) ? m_row->statement.DescribeColumn(column, info) : code;
 }
 
+RETCODE KeyedRows::Nullability(SQLUSMALLINT column, SWORD* nullability) {
+  SWORD count = 0;
+  const RETCODE code = ColumnCount(&count);
+  return odbc::Succeeded(code) ? m_row->statement.Nullability(column, nullability) : code;
+}
+
 RETCODE KeyedRows::BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,
                               SQLLEN* indicator) {
   m_bound.push_back({column, c_type, buffer, size, indicator});

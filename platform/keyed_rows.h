@@ -26,6 +26,7 @@ class KeyedRows : public StaticCursor {
   bool CanHold() const override { return m_unique; }
   RETCODE ColumnCount(SWORD* count) override;
   RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) override;
+  RETCODE Nullability(SQLUSMALLINT column, SWORD* nullability) override;
   std::shared_ptr<RowBuffer> Bound() override { return nullptr; }
   void BeginBinding(const std::shared_ptr<RowBuffer>& /*row*/) override {}
   RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,

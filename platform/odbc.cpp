@@ -18,6 +18,8 @@ namespace {
 
 constexpr std::size_t kMessageSize = 1024;
 constexpr std::size_t kNameSize = 256;
+constexpr SQLULEN kDateCharacters = 10;       // 2001-05-06
+constexpr SQLULEN kTimestampCharacters = 19;  // and 10:11:12 behind it
 
 // Text parameters of ODBC are not const in C, though none is written to.
 SQLCHAR* Text(const char* text) { return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text)); }
@@ -306,17 +308,42 @@ RETCODE Statement::ColumnCount(SWORD* count) {
   return Call("SQLNumResultCols", SQLNumResultCols, m_statement, count);
 }
 
+// The type is asked for otherwise: asked for it here, one driver asks the server's catalogue.
 RETCODE Statement::DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) {
   SQLCHAR name[kNameSize] = {};
   SQLSMALLINT length = 0;
   SQLULEN precision = 0;
-  const RETCODE code =
+  RETCODE code =
       Call("SQLDescribeCol", SQLDescribeCol, m_statement, column, name, static_cast<SQLSMALLINT>(sizeof name),
-           &length, &info->m_nSQLType, &precision, &info->m_nScale, &info->m_nNullability);
+           &length, nullptr, &precision, &info->m_nScale, nullptr);
   if (!Succeeded(code)) return code;
   info->m_strName = reinterpret_cast<char*>(name);
   info->m_nPrecision = static_cast<DWORD>(std::min<SQLULEN>(precision, std::numeric_limits<DWORD>::max()));
+  code = ColumnNumber(column, SQL_DESC_TYPE, &info->m_nSQLType);
+  if (!Succeeded(code) || info->m_nSQLType != SQL_DATETIME) return code;
+  if (precision == kDateCharacters) {
+    info->m_nSQLType = SQL_TYPE_DATE;
+  } else if (precision >= kTimestampCharacters) {
+    info->m_nSQLType = SQL_TYPE_TIMESTAMP;
+  } else {
+    code = ColumnNumber(column, SQL_DESC_CONCISE_TYPE, &info->m_nSQLType);
+  }
   return code;
+}
+
+RETCODE Statement::ColumnNumber(SQLUSMALLINT column, SQLUSMALLINT attribute, SWORD* number) {
+  SQLLEN value = 0;
+  const RETCODE code = Call("SQLColAttribute", SQLColAttribute, m_statement, column, attribute, nullptr,
+                            SQLSMALLINT{0}, nullptr, &value);
+  if (Succeeded(code)) *number = static_cast<SWORD>(value);
+  return code;
+}
+
+RETCODE Statement::Nullability(SQLUSMALLINT column, SWORD* nullability) {
+  SQLCHAR name[kNameSize] = {};
+  SQLSMALLINT length = 0;
+  return Call("SQLDescribeCol", SQLDescribeCol, m_statement, column, name,
+              static_cast<SQLSMALLINT>(sizeof name), &length, nullptr, nullptr, nullptr, nullability);
 }
 
 RETCODE Statement::BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,

@@ -109,7 +109,9 @@ class Statement {
   RETCODE MoreResults();
   RETCODE CloseCursor();
   RETCODE ColumnCount(SWORD* count);
+  // All but the nullability: one driver asks the server's catalogue for it.
   RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info);
+  RETCODE Nullability(SQLUSMALLINT column, SWORD* nullability);
   RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator);
   RETCODE UnbindColumns();
   RETCODE BindParameter(SQLUSMALLINT position, Parameter* parameter);
@@ -129,6 +131,7 @@ class Statement {
   friend class Connection;
 
   RETCODE Logged(const CString& sql, RETCODE (Statement::*run)());
+  RETCODE ColumnNumber(SQLUSMALLINT column, SQLUSMALLINT attribute, SWORD* number);
   void Free();
   RETCODE WithoutCuts(RETCODE code) const;
   RETCODE RunPrepared();

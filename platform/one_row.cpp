@@ -47,10 +47,11 @@ RETCODE OneRow::Bind(std::initializer_list<Column> columns) {
     char* const value = row->bytes.get() + number * kPlace;
     SQLLEN* const indicator = &row->indicators[number++];
     Field field;
-    RETCODE code = statement.DescribeColumn(number, &field.column);
+    const bool time = column == Column::kTime;
+    RETCODE code = time ? statement.DescribeColumn(number, &field.column) : SQL_SUCCESS;
     if (!odbc::Succeeded(code)) return code;
     row->layout.push_back(IsDateColumn(field) ? 1 : 0);
-    const SWORD type = column == Column::kTime ? SWORD{SQL_C_TYPE_TIMESTAMP} : SWORD{SQL_C_SLONG};
+    const SWORD type = time ? SWORD{SQL_C_TYPE_TIMESTAMP} : SWORD{SQL_C_SLONG};
     code = statement.BindColumn(number, type, value, kPlace, indicator);
     if (!odbc::Succeeded(code)) {
       statement.UnbindColumns();

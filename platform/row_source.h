@@ -52,7 +52,8 @@ class RowSource {
 
   // The columns of the result; counted from 1. Zero columns: the statement gave no result.
   virtual RETCODE ColumnCount(SWORD* count) = 0;
-  virtual RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) = 0;
+  virtual RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) = 0;  // all but the nullability
+  virtual RETCODE Nullability(SQLUSMALLINT column, SWORD* nullability) = 0;
   // What the columns are bound to already, from an earlier use of the statement; null for nothing.
   virtual std::shared_ptr<RowBuffer> Bound() = 0;
   // All columns are going to be bound to this, which lives as long as they are.

@@ -63,6 +63,11 @@ RETCODE StaticCursor::DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) 
   return Statement().DescribeColumn(column, info);
 }
 
+RETCODE StaticCursor::Nullability(SQLUSMALLINT column, SWORD* nullability) {
+  if (m_kept == nullptr) return SQL_ERROR;
+  return Statement().Nullability(column, nullability);
+}
+
 std::shared_ptr<RowBuffer> StaticCursor::Bound() {
   return m_statements != nullptr && m_kept != nullptr ? m_kept->row : nullptr;
 }

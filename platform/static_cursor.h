@@ -21,6 +21,7 @@ class StaticCursor : public RowSource {
   void ExecuteNothing() override;
   RETCODE ColumnCount(SWORD* count) override;
   RETCODE DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) override;
+  RETCODE Nullability(SQLUSMALLINT column, SWORD* nullability) override;
   std::shared_ptr<RowBuffer> Bound() override;
   void BeginBinding(const std::shared_ptr<RowBuffer>& row) override;
   RETCODE BindColumn(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size,

@@ -185,6 +185,10 @@ TEST_F(RecordSetValues, ColumnsTellNameTypeAndWidth) {
   EXPECT_EQ(ToySet::GetTextLen(info.m_nSQLType, info.m_nPrecision), 41);
   m_set.GetODBCFieldInfo("KNUMBER", info);
   EXPECT_EQ(info.m_nSQLType, SQL_INTEGER);
+  m_set.GetODBCFieldInfo("kDay", info);
+  EXPECT_EQ(info.m_nSQLType, SQL_TYPE_DATE);
+  m_set.GetODBCFieldInfo("kTime", info);
+  EXPECT_EQ(info.m_nSQLType, SQL_TYPE_TIMESTAMP);
   static_assert(sizeof info.m_nSQLType == 2 && sizeof info.m_nPrecision == 4 && sizeof info.m_nScale == 2 &&
                 sizeof info.m_nNullability == 2);
 }

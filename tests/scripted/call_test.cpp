@@ -71,7 +71,8 @@ TEST_F(Calling, AnErrorBehindTheRowsFailsTheCall) {
 }
 
 TEST_F(Calling, AFailureWhileTheRowsAreTakenFailsTheCall) {
-  for (const char* function : {"SQLNumResultCols", "SQLDescribeCol", "SQLExtendedFetch", "SQLGetData"}) {
+  for (const char* function :
+       {"SQLNumResultCols", "SQLDescribeCol", "SQLColAttribute", "SQLExtendedFetch", "SQLGetData"}) {
     TheScript().Answer(function,
                        {
                            SQL_ERROR

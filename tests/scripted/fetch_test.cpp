@@ -56,8 +56,8 @@ TEST_P(StillExecuting, ACallIsRepeatedUntilItIsDone) {
 INSTANTIATE_TEST_SUITE_P(Calls, StillExecuting,
                          testing::Values("SQLDriverConnect", "SQLSetConnectAttr", "SQLGetInfo", "SQLPrepare",
                                          "SQLExecute", "SQLExecDirect", "SQLExtendedFetch", "SQLGetData",
-                                         "SQLNumResultCols", "SQLDescribeCol", "SQLBindCol",
-                                         "SQLBindParameter", "SQLRowCount", "SQLGetStmtAttr",
+                                         "SQLNumResultCols", "SQLDescribeCol", "SQLColAttribute",
+                                         "SQLBindCol", "SQLBindParameter", "SQLRowCount", "SQLGetStmtAttr",
                                          "SQLSetStmtAttr", "SQLMoreResults", "SQLFreeStmt", "SQLEndTran",
                                          "SQLDisconnect"),
                          [](const auto& instance) { return std::string(instance.param); });
@@ -103,8 +103,8 @@ TEST_F(Fetching, AFailureThrowsAndTheNextMoveGoesOnFromTheSameRow) {
 
 TEST_F(Fetching, AFailureOfTheFirstFetchClosesTheSet) {
   PlaySet set(&m_database);
-  for (const char* function :
-       {"SQLPrepare", "SQLExecute", "SQLNumResultCols", "SQLDescribeCol", "SQLBindCol", "SQLExtendedFetch"}) {
+  for (const char* function : {"SQLPrepare", "SQLExecute", "SQLNumResultCols", "SQLDescribeCol",
+                               "SQLColAttribute", "SQLBindCol", "SQLExtendedFetch"}) {
     TheScript().Answer(function, {SQL_ERROR}, {{"HY000"}});
     EXPECT_EQ(Catch([&] { set.Open(); }).code, SQL_ERROR) << function;
     EXPECT_FALSE(set.IsOpen());

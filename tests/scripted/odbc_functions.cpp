@@ -247,11 +247,23 @@ SQLRETURN SQL_API SQLDescribeCol(SQLHSTMT handle, SQLUSMALLINT column, SQLCHAR* 
   const SQLRETURN code = TheScript().Begin("SQLDescribeCol", statement);
   if (!Works(code)) return code;
   const scripted::Column& described = statement->result.columns[column - 1U];
+  if (type != nullptr || nullable != nullptr) ++TheScript().catalogue_questions;
   *length = CopyText(described.name, name, size);
-  *type = described.type;
-  *precision = described.size;
-  *scale = 0;
-  *nullable = described.nullable;
+  if (type != nullptr) *type = described.type;
+  if (precision != nullptr) *precision = described.size;
+  if (scale != nullptr) *scale = 0;
+  if (nullable != nullptr) *nullable = described.nullable;
+  return code;
+}
+
+SQLRETURN SQL_API SQLColAttribute(SQLHSTMT handle, SQLUSMALLINT column, SQLUSMALLINT attribute, SQLPOINTER,
+                                  SQLSMALLINT, SQLSMALLINT*, SQLLEN* number) {
+  Handle* statement = TheScript().Find(handle);
+  const SQLRETURN code = TheScript().Begin("SQLColAttribute", statement);
+  if (!Works(code)) return code;
+  const SQLSMALLINT type = statement->result.columns[column - 1U].type;
+  const bool is_time = type >= SQL_TYPE_DATE && type <= SQL_TYPE_TIMESTAMP;
+  *number = is_time && attribute == SQL_DESC_TYPE ? SQLSMALLINT{SQL_DATETIME} : type;
   return code;
 }
 

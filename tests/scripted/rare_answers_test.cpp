@@ -87,6 +87,57 @@ TEST_F(RareAnswers, AColumnMayBeNullUnlessTheDriverKnowsBetter) {
   EXPECT_FALSE(set.IsFieldNullable(&unbound));
 }
 
+// One driver answers what SQLDescribeCol tells of type and nullability from the server's catalogue.
+TEST_F(RareAnswers, OpeningAsksNothingThatADriverLooksUpInTheCatalogue) {
+  m_database.OpenEx("DSN=a");
+  PlaySet set(&m_database);
+  ASSERT_TRUE(set.Open());
+  EXPECT_EQ(TheScript().catalogue_questions, 0);
+  CODBCFieldInfo info;
+  set.GetODBCFieldInfo(short{0}, info);
+  EXPECT_EQ(info.m_nNullability, SQL_NULLABLE);
+  EXPECT_EQ(TheScript().catalogue_questions, 1);
+}
+
+TEST_F(RareAnswers, NullabilityIsUnknownWhereTheDriverDoesNotTellIt) {
+  m_database.OpenEx("DSN=a");
+  PlaySet set(&m_database);
+  ASSERT_TRUE(set.Open());
+  TheScript().Answer("SQLDescribeCol", {SQL_ERROR}, {{"HY000"}});
+  CODBCFieldInfo info;
+  set.GetODBCFieldInfo(short{0}, info);
+  EXPECT_STREQ(info.m_strName, "id");
+  EXPECT_EQ(info.m_nNullability, SQL_NULLABLE_UNKNOWN);
+  set.Close();
+  EXPECT_TRUE(set.IsFieldNullable(&set.m_id));
+}
+
+TEST_F(RareAnswers, KindsOfTimesAreToldApartByTheirWidth) {
+  m_database.OpenEx("DSN=a");
+  struct Kind {
+    SQLSMALLINT type;
+    SQLULEN width;
+  };
+  for (const auto& [type, width] : {
+           Kind{SQL_TYPE_DATE,      10},
+           Kind{SQL_TYPE_TIME,      8 },
+           Kind{SQL_TYPE_TIME,      15},
+           Kind{SQL_TYPE_TIMESTAMP, 19},
+           Kind{SQL_TYPE_TIMESTAMP, 26},
+  }) {
+    scripted::Result result = scripted::Rows(1);
+    result.columns.push_back({"at", type, width});
+    for (auto& row : result.rows) row.emplace_back("2001-05-06");
+    TheScript().Gives("SELECT id", result);
+    PlaySet set(&m_database);
+    ASSERT_TRUE(set.Open());
+    CODBCFieldInfo info;
+    set.GetODBCFieldInfo("at", info);
+    EXPECT_EQ(info.m_nSQLType, type) << width;
+    EXPECT_EQ(info.m_nPrecision, width);
+  }
+}
+
 class AskingSet : public PlaySet {
  public:
   using CRecordset::Check;

@@ -92,6 +92,7 @@ class Script {
   const std::vector<std::string>& Sent() const { return m_sent; }  // statements, in order
   std::size_t Live() const { return m_handles.size(); }
   int Misuses() const { return m_misuses; }  // calls on freed handles, handles freed before their children
+  int catalogue_questions = 0;               // columns whose type or nullability SQLDescribeCol was asked for
   std::string connection_string;
   SQLUSMALLINT completion = 99;
   std::map<SQLINTEGER, SQLULEN> connection_attributes;
