@@ -136,7 +136,8 @@ class KYODBC_API CRecordset : public CObject {
   void SetFieldNull(void* member, BOOL null = TRUE);  // the column is written as NULL by the next Update
 
   // Any column of the current row, in any order, repeatedly. An unknown name, a bad index or no current
-  // row throws. Names match without regard to case. NULL is the empty text or a null variant.
+  // row throws. Names match without regard to case. NULL is the empty text or a null variant. Whether a
+  // column may be NULL is SQL_NULLABLE_UNKNOWN where the driver does not tell.
   short GetODBCFieldCount() const;
   void GetODBCFieldInfo(const char* name, CODBCFieldInfo& info);
   void GetODBCFieldInfo(short index, CODBCFieldInfo& info);
