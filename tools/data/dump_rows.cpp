@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "tools/tool_error.h"
 
@@ -127,8 +128,9 @@ Row CopyRow(std::string_view line) {
   while (true) {
     const std::size_t tab = line.find('\t');
     const std::string_view field = line.substr(0, tab);
-    Value& value = row.emplace_back();
+    Value value;
     if (field != "\\N") value = UnescapedText(field);
+    row.push_back(std::move(value));
     if (tab == std::string_view::npos) return row;
     line.remove_prefix(tab + 1);
   }

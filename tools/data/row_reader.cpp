@@ -13,9 +13,10 @@ Row ReadRow(CRecordset& rows, const Shape& shape) {
   CDBVariant value;
   for (short index = 0; index < rows.GetODBCFieldCount(); ++index) {
     rows.GetFieldValue(index, value, SQL_C_CHAR);
-    Value& text = row.emplace_back();
+    Value text;
     if (value.m_dwType == DBVT_STRING) text = std::string(value.m_pstring->View());
     MakeUniform(text, shape.kinds[static_cast<std::size_t>(index)]);
+    row.push_back(std::move(text));
   }
   return row;
 }

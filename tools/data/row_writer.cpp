@@ -48,9 +48,13 @@ std::string RowWriter::Values(const Row& row) const {
 
 // As many rows as make a statement that every server takes.
 std::string RowWriter::Statement(Iterator& row, Iterator end) const {
-  std::string sql = fmt::format("INSERT INTO {} ({}) VALUES {}", m_database.Name(m_shape.table),
-                                fmt::join(m_shape.columns, ", "), Values(*row));
-  for (++row; row != end && sql.size() < kStatementBytes; ++row) sql += ", " + Values(*row);
+  std::string sql = fmt::format("INSERT INTO {} ({}) VALUES", m_database.Name(m_shape.table),
+                                fmt::join(m_shape.columns, ", "));
+  const char* before = " ";
+  for (; row != end && sql.size() < kStatementBytes; ++row) {
+    sql += before + Values(*row);
+    before = ", ";
+  }
   return sql;
 }
 
