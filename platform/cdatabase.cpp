@@ -175,16 +175,12 @@ BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
 // The quoting of literals takes a backslash for an ordinary character. A session in which it is an
 // escape would let texts break out of their quotes: such a connection is refused.
 void CDatabase::PrepareSession() {
-  const char* setup = SessionSetup(*m_facts);
+  const CString setup = SessionSetup(*m_facts, m_dwQueryTimeout);
   if (SessionProof(*m_facts) == nullptr) return;
   try {
-    if (setup != nullptr) ExecuteSQL(setup);
-    CRecordset proof(this);
-    proof.Open(CRecordset::snapshot, SessionProof(*m_facts), CRecordset::readOnly);
-    CDBVariant length;
-    proof.GetFieldValue(short{0}, length, SQL_C_SLONG);
+    if (!setup.IsEmpty()) ExecuteSQL(setup);
     constexpr LONG kCharactersOfProof = 3;
-    if (length.m_lVal == kCharactersOfProof) return LimitStatements();
+    if (ReadNumber(SessionProof(*m_facts)) == kCharactersOfProof) return;
   } catch (CDBException* exception) {
     klog::Error(fmt::format("connection to {} refused: {} ({})", m_strConnect.View(),
                             exception->m_strError.View(), exception->m_strStateNativeOrigin.View()));
@@ -196,12 +192,15 @@ void CDatabase::PrepareSession() {
   AfxThrowDBException(SQL_ERROR, nullptr, SQL_NULL_HSTMT);
 }
 
-// One driver does not pass the query time-out on, another asks the server for it around every statement. Both
-// servers keep one by themselves.
-void CDatabase::LimitStatements() {
-  if (m_dwQueryTimeout == 0) return;
-  const CString limit = StatementLimit(*m_facts, m_dwQueryTimeout);
-  if (!limit.IsEmpty()) ExecuteSQL(limit);
+// Run at once: an answer of one number is not worth preparing its question on the server.
+LONG CDatabase::ReadNumber(const char* sql) {
+  odbc::Statement statement(*m_connection);
+  statement.AskForQueryTimeout(QueryTimeout());
+  LONG number = 0;
+  RETCODE code = statement.ExecuteDirect(sql);
+  if (odbc::Succeeded(code)) code = statement.ReadNumber(&number);
+  if (!odbc::Succeeded(code)) AfxThrowDBException(code, this, statement.Handle());
+  return number;
 }
 
 void CDatabase::Close() {

@@ -103,7 +103,7 @@ class KYODBC_API CDatabase : public CObject {
  private:
   void EndSets();
   void PrepareSession();
-  void LimitStatements();
+  LONG ReadNumber(const char* sql);
   BOOL EndTrans(bool commit);
   bool BeginByStatement(const char* begin);
   bool BeginByAttribute();

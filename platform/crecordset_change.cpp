@@ -206,10 +206,8 @@ LONG CRecordset::CountRows(bool written) {
   statement.AskForQueryTimeout(m_pOpenDatabase->QueryTimeout());
   BindParameters(statement, parameters);
   RETCODE code = statement.ExecuteDirect("SELECT COUNT(*) FROM " + m_strTableName + Where(condition));
-  if (odbc::Succeeded(code)) code = statement.ExtendedFetch(SQL_FETCH_NEXT, 0);
   LONG count = 0;
-  SQLLEN indicator = 0;
-  if (odbc::Succeeded(code)) code = statement.GetData(1, SQL_C_SLONG, &count, sizeof count, &indicator);
+  if (odbc::Succeeded(code)) code = statement.ReadNumber(&count);
   if (!odbc::Succeeded(code)) ThrowDBException(code, statement.Handle());
   return count;
 }

@@ -76,6 +76,26 @@ CString CalledName(const CString& call) {
   return name.TrimRight();
 }
 
+// What follows the SET that limits every later statement of the session; empty where the driver sees to that.
+CString LimitAssignment(const DriverFacts& facts, DWORD seconds) {
+  constexpr DWORD kLongest = 2147483;  // in milliseconds just a number of 32 bits
+  const char* name = nullptr;
+  const char* unit = "";
+  if (facts.dbms == kMariaDB) name = "max_statement_time";
+  if (facts.dbms == kPostgreSQL) {
+    name = "statement_timeout";
+    unit = "000";
+  }
+  CString assignment;
+  if (name == nullptr) return assignment;
+  if (seconds == 0) {
+    assignment.Format("SESSION %s = DEFAULT", name);
+  } else {
+    assignment.Format("SESSION %s = %u%s", name, std::min(seconds, kLongest), unit);
+  }
+  return assignment;
+}
+
 }  // namespace
 
 DriverFacts ReadFacts(const odbc::Connection& connection, bool found_rows) {
@@ -138,17 +158,22 @@ CString PadYears(CString sql) {
   return CString(padded);
 }
 
-const char* SessionSetup(const DriverFacts& facts) {
-  if (facts.dbms == kPostgreSQL) return "SET standard_conforming_strings = on";
-  if (IsMariaDB(facts)) {
-    return "SET SESSION sql_mode = CONCAT(@@SESSION.sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_ALL_TABLES')";
+CString SessionSetup(const DriverFacts& facts, DWORD seconds) {
+  CString setup;
+  const char* between = ", ";
+  if (facts.dbms == kPostgreSQL) {
+    setup = "SET standard_conforming_strings = on";
+    between = "; SET ";
+  } else if (IsMariaDB(facts)) {
+    setup = "SET SESSION sql_mode = CONCAT(@@SESSION.sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_ALL_TABLES')";
   }
-  return nullptr;
+  const CString limit = seconds == 0 ? CString() : LimitAssignment(facts, seconds);
+  return limit.IsEmpty() ? setup : setup + between + limit;
 }
 
 const char* SessionProof(const DriverFacts& facts) {
   if (facts.dbms == kSQLite) return "SELECT LENGTH('a\\b') FROM (SELECT COUNT(*) FROM sqlite_master)";
-  return SessionSetup(facts) == nullptr ? nullptr : "SELECT CHAR_LENGTH('a\\b')";
+  return facts.dbms == kPostgreSQL || IsMariaDB(facts) ? "SELECT CHAR_LENGTH('a\\b')" : nullptr;
 }
 
 const char* TransactionBegin(const DriverFacts& facts) {
@@ -162,22 +187,8 @@ bool TakesValuesApart(const DriverFacts& facts) {
 const char* FirstRowOnly(const DriverFacts& facts) { return TakesValuesApart(facts) ? " LIMIT 1" : ""; }
 
 CString StatementLimit(const DriverFacts& facts, DWORD seconds) {
-  constexpr DWORD kLongest = 2147483;  // in milliseconds just a number of 32 bits
-  const char* name = nullptr;
-  const char* unit = "";
-  if (facts.dbms == kMariaDB) name = "max_statement_time";
-  if (facts.dbms == kPostgreSQL) {
-    name = "statement_timeout";
-    unit = "000";
-  }
-  CString statement;
-  if (name == nullptr) return statement;
-  if (seconds == 0) {
-    statement.Format("SET SESSION %s = DEFAULT", name);
-  } else {
-    statement.Format("SET SESSION %s = %u%s", name, std::min(seconds, kLongest), unit);
-  }
-  return statement;
+  const CString limit = LimitAssignment(facts, seconds);
+  return limit.IsEmpty() ? limit : "SET " + limit;
 }
 
 bool LimitsItself(const DriverFacts& facts) { return facts.dbms == kPostgreSQL; }

@@ -43,11 +43,12 @@ CString AdaptCall(const CString& sql, const DriverFacts& facts);
 // {d '   5-01-01'} as 2001, another compare it as a text that no stored date equals.
 CString PadYears(CString sql);
 
-// The statement that makes a backslash in a text literal an ordinary character in this session, as the
-// quoting of literals assumes; null where the database does not need one.
-const char* SessionSetup(const DriverFacts& facts);
-// A query that answers 3 when the database can be read and a backslash is one ordinary character; null as
-// above. Some files are found to be no databases only when they are read.
+// What is sent first, at once: a backslash in a text literal is an ordinary character in this session, as the
+// quoting of literals assumes, and later statements are limited as by StatementLimit, unless `seconds` is 0.
+// Empty where the database needs neither.
+CString SessionSetup(const DriverFacts& facts, DWORD seconds);
+// A query that answers 3 when the database can be read and a backslash is one ordinary character; null for a
+// system without peculiarities. Some files are found to be no databases only when they are read.
 const char* SessionProof(const DriverFacts& facts);
 
 // The statement that begins a transaction; null where the driver begins it by itself. One database would
@@ -63,7 +64,8 @@ bool TakesValuesApart(const DriverFacts& facts);
 const char* FirstRowOnly(const DriverFacts& facts);
 
 // The statement that lets the server end every later statement of this session which takes longer, 0 for what
-// the server's administrator has set; empty where the driver sees to that.
+// the server's administrator has set; empty where the driver sees to that. One driver does not pass the query
+// time-out on, and one asks for it too often.
 CString StatementLimit(const DriverFacts& facts, DWORD seconds);
 // Whether the server keeps that limit so that the driver need not be told of one: it would ask the server to
 // set and to forget it around every statement.

@@ -399,6 +399,12 @@ RETCODE Statement::GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLL
   return Call("SQLGetData", SQLGetData, m_statement, column, c_type, buffer, size, indicator);
 }
 
+RETCODE Statement::ReadNumber(LONG* number) {
+  SQLLEN indicator = 0;
+  const RETCODE code = ExtendedFetch(SQL_FETCH_NEXT, 0);
+  return Succeeded(code) ? GetData(1, SQL_C_SLONG, number, sizeof *number, &indicator) : code;
+}
+
 RETCODE Statement::RowCount(SQLLEN* count) { return Call("SQLRowCount", SQLRowCount, m_statement, count); }
 
 SQLULEN Statement::RowNumber() const {

@@ -121,6 +121,8 @@ class Statement {
   // Fetches the next rows, at most as many as were asked for; *fetched tells how many.
   RETCODE FetchRows(SQLULEN rows, SQLULEN* fetched);
   RETCODE GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator);
+  // The first column of the next row; *number stays when that is NULL.
+  RETCODE ReadNumber(LONG* number);
   RETCODE RowCount(SQLLEN* count);
   SQLULEN RowNumber() const;  // of the current row; 0 when the driver cannot tell
   // Asks the catalogue on this otherwise unused statement. False only when it knows no view of that name.

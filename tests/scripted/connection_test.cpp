@@ -282,9 +282,9 @@ class ProvingTheSession : public Connecting {
 TEST_F(ProvingTheSession, ASessionWithOrdinaryBackslashesIsAccepted) {
   Prove(3);
   EXPECT_TRUE(m_database.OpenEx("DSN=a"));
-  ASSERT_EQ(TheScript().Sent().size(), 3u);
+  ASSERT_EQ(TheScript().Sent().size(), 2u);
   EXPECT_NE(TheScript().Sent()[0].find("NO_BACKSLASH_ESCAPES"), std::string::npos);
-  EXPECT_EQ(TheScript().Sent()[2], "SET SESSION max_statement_time = 15");
+  EXPECT_NE(TheScript().Sent()[0].find(", SESSION max_statement_time = 15"), std::string::npos);
 }
 
 TEST_F(ProvingTheSession, ASessionInWhichABackslashEscapesIsRefused) {
@@ -296,8 +296,7 @@ TEST_F(ProvingTheSession, ASessionInWhichABackslashEscapesIsRefused) {
 
 TEST_F(ProvingTheSession, AProofOrSetupThatFailsRefusesTheConnection) {
   Prove(3);
-  for (const char* function :
-       {"SQLExecDirect", "SQLPrepare", "SQLExecute", "SQLExtendedFetch", "SQLGetData"}) {
+  for (const char* function : {"SQLExecDirect", "SQLExtendedFetch", "SQLGetData"}) {
     TheScript().Answer(function, {SQL_ERROR}, {{"HY000"}});
     EXPECT_EQ(Catch([&] { m_database.OpenEx("DSN=a"); }).code, SQL_ERROR) << function;
     EXPECT_FALSE(m_database.IsOpen());

@@ -122,7 +122,7 @@ TEST_F(Facts, ADriverThatTellsNothingCanBeBrowsedButHasNoTransactions) {
 
 TEST_F(Facts, AFileThatCannotBeReadAsADatabaseIsNotConnectedTo) {
   TheScript().dbms = "SQLite";
-  TheScript().Answer("SQLPrepare",
+  TheScript().Answer("SQLExecDirect",
                      {
                          SQL_ERROR
   },

@@ -65,15 +65,27 @@ TEST(Dialect, CallsAreAdaptedToWhatTheDataSourceTakes) {
 }
 
 TEST(Dialect, SessionsInWhichABackslashMightEscapeAreSetUpAndProven) {
-  EXPECT_EQ(SessionSetup(DriverFacts()), nullptr);
+  EXPECT_STREQ(SessionSetup(DriverFacts(), 15), "");
   EXPECT_EQ(SessionProof(DriverFacts()), nullptr);
-  EXPECT_EQ(SessionSetup(kEmbedded), nullptr);
-  EXPECT_NE(std::string(SessionSetup(kPostgreSQL)).find("standard_conforming_strings"), std::string::npos);
+  EXPECT_STREQ(SessionSetup(kEmbedded, 15), "");
+  EXPECT_STREQ(SessionSetup(kPostgreSQL, 0), "SET standard_conforming_strings = on");
   for (const char* dbms : {"MariaDB", "MySQL"}) {
     const DriverFacts facts = Facts(dbms, true);
-    EXPECT_NE(std::string(SessionSetup(facts)).find("NO_BACKSLASH_ESCAPES"), std::string::npos);
+    EXPECT_STREQ(
+        SessionSetup(facts, 0),
+        "SET SESSION sql_mode = CONCAT(@@SESSION.sql_mode, ',NO_BACKSLASH_ESCAPES,STRICT_ALL_TABLES')");
     EXPECT_STREQ(SessionProof(facts), "SELECT CHAR_LENGTH('a\\b')");
   }
+}
+
+TEST(Dialect, AStatementsLimitIsSetTogetherWithTheSession) {
+  const std::string postgresql(SessionSetup(kPostgreSQL, 15).View());
+  EXPECT_TRUE(postgresql.ends_with(" = on; SET SESSION statement_timeout = 15000")) << postgresql;
+  const std::string mariadb(SessionSetup(Facts("MariaDB", true), 15).View());
+  EXPECT_TRUE(mariadb.ends_with("'), SESSION max_statement_time = 15")) << mariadb;
+  const std::string mysql(SessionSetup(Facts("MySQL", true), 15).View());
+  EXPECT_TRUE(mysql.ends_with("STRICT_ALL_TABLES')")) << mysql;  // knows no such limit
+  EXPECT_STREQ(StatementLimit(kPostgreSQL, 0), "SET SESSION statement_timeout = DEFAULT");
 }
 
 TEST(Dialect, TheProofOfAnEmbeddedDatabaseReadsItsFile) {
