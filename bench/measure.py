@@ -7,7 +7,7 @@ import sys
 import time
 
 from contender import Contender, Failure
-from works import WORKS
+from works import WORKS, base_name, bases_of
 
 ROUNDS = 7
 FEWEST = 3
@@ -15,8 +15,12 @@ LONGEST = 100e6  # nanoseconds that a contender's part of a round takes, if one 
 WARMED = 20  # works that are done so often in a round
 
 
+Turn = collections.namedtuple("Turn", "name contender work")
+
+
 class Measurement:
-    """What is found out, in the form in which it is written: times[database][rows][work][contender]."""
+    """What is found out, in the form in which it is written: times[database][rows][work][contender], the bare
+    program's bases among them."""
 
     def __init__(self, contenders, deadline, total):
         self.contenders = contenders
@@ -63,22 +67,24 @@ class Measurement:
         if not chosen:
             return
         count = self.repetitions(work, slowest)
-        times = {contender.name: [] for contender in chosen}
-        for turn in range(ROUNDS):
+        turns = [Turn(contender.name, contender, work.name) for contender in chosen]
+        turns += [Turn(base_name(base), self.contenders[0], base) for base in bases_of(work)]
+        times = {turn.name: [] for turn in turns}
+        for number in range(ROUNDS):
             began = time.monotonic()
-            salt = next(self.salts)
-            # Nobody always comes first.
-            first = turn % len(chosen)
-            for contender in chosen[first:] + chosen[:first]:
+            # Only what is written must be new each time; what is looked for is the same for all.
+            salts = self.salts if work.writes else itertools.repeat(next(self.salts))
+            first = number % len(turns)  # nobody always comes first
+            for turn in turns[first:] + turns[:first]:
                 try:
-                    times[contender.name].append(self.timed(contender, work, count, salt, request))
+                    times[turn.name].append(self.timed(turn, count, salts, request))
                 except Failure as failure:
                     self.fault(database, rows, str(failure))
-                    chosen.remove(contender)
-                    del times[contender.name]
+                    turns.remove(turn)
+                    del times[turn.name]
             spent = time.monotonic() - began
-            enough = turn + 1 >= FEWEST or spent * FEWEST > self.allowance()
-            if not chosen or (enough and time.monotonic() + spent > end):
+            enough = number + 1 >= FEWEST or spent * FEWEST > self.allowance()
+            if not turns or (enough and time.monotonic() + spent > end):
                 break
         self.times[database][rows][work.name] = times
 
@@ -89,18 +95,16 @@ class Measurement:
         fitting = work.count if work.whole else max(2, int(LONGEST / slowest) // 2 * 2)
         return min(work.count, fitting)
 
-    def timed(self, contender, work, count, salt, request):
+    @staticmethod
+    def timed(turn, count, salts, request):
         """A server and a processor that have just served another are slow at first: short works run twice."""
         for _ in range(2 if count >= WARMED else 1):
-            # Only what is written must be new each time; what is looked for is the same for all.
-            own = next(self.salts) if work.writes else salt
-            taken, _ = contender.ask(work.name, count, own, check=False, **request)
+            taken, _ = turn.contender.ask(turn.work, count, next(salts), check=False, **request)
         return round(taken)
 
-    def takes_part(self, contender, work, rows):
-        if contender.is_peer:
-            return not work.only_raw and rows <= work.peers_up_to
-        return contender.name == "raw" or not work.only_raw
+    @staticmethod
+    def takes_part(contender, work, rows):
+        return not contender.is_peer or rows <= work.peers_up_to
 
     def agreeing(self, database, rows, work, contenders, request):
         """Those who read what the bare program reads, and the nanoseconds that the slowest of them took for

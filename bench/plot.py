@@ -82,7 +82,7 @@ def legend(result):
 
 
 def plot(result):
-    shown = [work.name for work in WORKS if not work.only_raw and curves_of(result, work.name)]
+    shown = [work.name for work in WORKS if curves_of(result, work.name)]
     height = 30 + (len(shown) + ACROSS - 1) // ACROSS * HEIGHT
     lines = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{ACROSS * WIDTH}" height="{height}" '
              'font-family="sans-serif" font-size="10">', '<rect width="100%" height="100%" fill="white"/>',

@@ -105,25 +105,33 @@ void Edit(Task& task) {
   if (task.embedded) state.connection.Rollback();
 }
 
-void Add(Task& task) {
+// `whole`: on a server each row and its reading back are a transaction, so that there are both or neither.
+void AddRows(Task& task, bool whole) {
   State& state = Connected();
   bench::Adder& adder = state.adder;
+  const bool transaction = whole && !task.embedded;
   if (task.embedded) state.connection.Begin();
   for (int i = 0; i < task.count; ++i) {
     const std::string identifier = task.NewIdentifier(i);
     tagTPATIENT patient;
     task.Start();
+    if (transaction) state.connection.Begin();
     adder.row.Fill(identifier);
     adder.insert.Execute();
     adder.reader.statement.Execute();
     Require(adder.reader.statement.Fetch());
     adder.reader.row.CopyTo(&patient);
     adder.reader.statement.CloseRows();
+    if (transaction) state.connection.Commit();
     task.Stop();
     if (task.check) task.TakeWritten(identifier, patient.szIDDisp);
   }
   if (task.embedded) state.connection.Rollback();
 }
+
+void Add(Task& task) { AddRows(task, false); }
+
+void AddWhole(Task& task) { AddRows(task, true); }
 
 void Newest(Task& task) {
   bench::NewestImage& newest = Connected().newest;
@@ -421,6 +429,7 @@ int main(int count, char** arguments) {
       {"get",                     Get                           },
       {"edit",                    Edit                          },
       {"add",                     Add                           },
+      {"add_whole",               AddWhole                      },
       {"newest",                  Newest                        },
       {"last_id",                 LastKey                       },
       {"count",                   Count                         },

@@ -4,7 +4,7 @@ import os
 import statistics
 
 from plot import plot  # noqa: F401  (part of what this module offers)
-from works import GROWN, LINES, MOST_MEMORY
+from works import GROWN, LINES, MOST_MEMORY, base_name
 
 BEGIN, END = "<!-- measured: begin -->", "<!-- measured: end -->"
 NONE = "–"
@@ -53,7 +53,7 @@ class Entry:
         self.line = line
         sizes = sorted(map(int, result["times"][database]))
         self.rows = min(line.rows, sizes[-1])
-        self.base = median(result, database, self.rows, line.base_work, "raw")
+        self.base = median(result, database, self.rows, line.work, base_name(line.base))
         self.time = median(result, database, self.rows, line.work, "kyodbc")
         self.others = {name: median(result, database, self.rows, line.work, name) for name in peers(result)}
         self.growth = growth(result, database, line.work)

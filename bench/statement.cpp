@@ -39,6 +39,13 @@ void Connection::Begin() {
   SQLSetConnectAttr(m_connection, SQL_ATTR_AUTOCOMMIT, Number(SQL_AUTOCOMMIT_OFF), 0);
 }
 
+void Connection::Commit() {
+  if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, m_connection, SQL_COMMIT))) {
+    Fail(SQL_HANDLE_DBC, m_connection);
+  }
+  SQLSetConnectAttr(m_connection, SQL_ATTR_AUTOCOMMIT, Number(SQL_AUTOCOMMIT_ON), 0);
+}
+
 void Connection::Rollback() {
   SQLEndTran(SQL_HANDLE_DBC, m_connection, SQL_ROLLBACK);
   SQLSetConnectAttr(m_connection, SQL_ATTR_AUTOCOMMIT, Number(SQL_AUTOCOMMIT_ON), 0);

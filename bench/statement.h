@@ -17,6 +17,7 @@ class Connection {
   Connection& operator=(const Connection&) = delete;
 
   void Begin();
+  void Commit();
   void Rollback();
   SQLHDBC Handle() const { return m_connection; }
 

@@ -13,7 +13,6 @@ class Work:
     count: int  # how often in a round, if that does not take long
     group: str
     peers_up_to: int = 1_000_000  # rows; beyond, only the bare program and the library are measured
-    only_raw: bool = False  # a base for others
     writes: bool = False
     checks: int = 20  # how often when it is checked
     whole: bool = False  # always done so often: each time is another one
@@ -28,11 +27,8 @@ WORKS = (
     Work("last_id", 100, "rows", checks=2),
     Work("count", 20, "rows", checks=2),
     Work("open_patients", 1, "open"),
-    Work("open_patients_keys", 1, "open", only_raw=True),
     Work("open_images", 1, "open"),
-    Work("open_images_keys", 1, "open", only_raw=True),
     Work("open_images_sorted", 1, "open", peers_up_to=100_000),
-    Work("open_images_sorted_keys", 1, "open", only_raw=True),
     Work("walk", 1, "open"),
     Work("positions", 100, "patients", peers_up_to=100_000),
     Work("jump", 10, "patients", peers_up_to=100_000),
@@ -41,11 +37,8 @@ WORKS = (
     Work("seek_text", 12, "patients", peers_up_to=0, checks=2),
     Work("edit_open", 100, "patients", peers_up_to=0, writes=True, checks=2),
     Work("edit_look", 10, "patients", peers_up_to=100_000, writes=True, checks=2),
-    Work("edit_look_keys", 10, "patients", only_raw=True, writes=True),
     Work("resort", 2, "orders", peers_up_to=100_000),
-    Work("resort_keys", 2, "orders", only_raw=True),
     Work("refilter", 6, "orders", peers_up_to=100_000, whole=True),
-    Work("refilter_keys", 6, "orders", only_raw=True, whole=True),
     Work("seek_image", 20, "images", peers_up_to=0, checks=2),
     Work("seek_joined", 10, "joined", peers_up_to=0, checks=2),
 )
@@ -56,15 +49,11 @@ class Line:
     """A line of the table: the library's time for a work against the bare program's for a base."""
     title: str
     work: str
-    base: str = ""  # the bare program's work; the same one when empty
+    base: str = ""  # what the bare program does in the same turns; the same work when empty
     rows: int = 100_000
     most: dict = field(default_factory=dict)  # database: largest ratio; none: for information
     most_ms: float = 0  # and at most so many milliseconds, whatever the base takes
     flat: bool = False  # does not grow with the rows
-
-    @property
-    def base_work(self):
-        return self.base or self.work
 
 
 def everywhere(ratio):
@@ -79,6 +68,8 @@ LINES = (
     Line("open the images, first row standing", "open_images", rows=1_000_000, most=everywhere(0.2)),
     Line("open the images by time, first row standing", "open_images_sorted", rows=1_000_000,
          most=everywhere(0.2)),
+    Line("the same, against the query of its keys", "open_images_sorted", "open_images_sorted_keys",
+         rows=1_000_000),
     Line("open and walk all patients", "walk", most=everywhere(1.2)),
     Line("a random position, against a read by key", "positions", "get", most=everywhere(1.3)),
     Line("a random position, against a static cursor", "positions"),
@@ -92,6 +83,7 @@ LINES = (
     Line("get by key", "get", most=SINGLE_ROW),
     Line("edit by key", "edit", most=SINGLE_ROW),
     Line("add and read back", "add", most=SINGLE_ROW),
+    Line("add and read back, against a transaction of both", "add", "add_whole"),
     Line("newest image of a patient", "newest", most=SINGLE_ROW),
     Line("edit by key while the patients are open", "edit_open", "edit", flat=True),
     Line("the same and a look at the first row", "edit_look", "edit_look_keys"),
@@ -104,3 +96,13 @@ LINES = (
 
 MOST_MEMORY = 120_000_000  # bytes above the empty process with 1,000,000 images open
 GROWN = 2.0  # a time that grows less than this over a hundredfold of rows does not grow
+
+
+def bases_of(work):
+    """What the bare program does besides, in the turns of a work."""
+    return sorted({line.base for line in LINES if line.work == work.name and line.base})
+
+
+def base_name(base):
+    """Under which name its times stand among those of the contenders."""
+    return f"raw {base}" if base else "raw"
