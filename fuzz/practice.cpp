@@ -28,9 +28,7 @@ Packed CanaryOf(Stem stem) {
     if (shape.kind == Kind::kDate || shape.kind == Kind::kTime)
       record.SetMoment(field, {1977, 7, 7, 0, 0, 0});
     if (shape.kind == Kind::kWord) record.SetNumber(field, kParent);
-    if (shape.kind == Kind::kLong && i > 0 && std::string_view(shape.name) != "lSelect") {
-      record.SetNumber(field, kParent);
-    }
+    if (shape.kind == Kind::kLong && i > 0) record.SetNumber(field, kParent);
   }
   return record;
 }

@@ -65,8 +65,8 @@ void RequireStored(const Packed& asked, std::uint32_t mask, const Packed& row) {
                               strnlen(asked.Bytes().data() + shape.offset, room));
       if (!IsUtf8(whole)) continue;
       Require(row.Text(field) == whole.substr(0, FittingBytes(whole, room - 1)), shape.name, whole);
-    } else if (shape.kind == Kind::kLong || shape.kind == Kind::kWord) {
-      Require(row.Number(field) == asked.Number(field), shape.name, std::to_string(row.Number(field)));
+    } else if (shape.kind == Kind::kLong || shape.kind == Kind::kFlag || shape.kind == Kind::kWord) {
+      Require(row.Value(field) == asked.Value(field), shape.name, std::to_string(row.Number(field)));
     }
   }
 }

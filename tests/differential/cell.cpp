@@ -66,7 +66,7 @@ bool IsZero(const Time& time) { return time == Time{}; }
 bool IsPossible(const Time& time) {
   const auto [year, month, day, hour, minute, second] = time;
   constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (year < 1000 || year > 9999 || month < 1 || month > 12) return false;
+  if (year < 1 || year > 9999 || month < 1 || month > 12) return false;
   const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
   const int days = kDays[month - 1] + (month == 2 && leap ? 1 : 0);
   return day >= 1 && day <= days && hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 &&

@@ -48,7 +48,7 @@ const std::vector<Time>& Times() {
       {1999, 12, 31, 23, 59, 59},
       {1950, 1,  1,  8,  30, 0 },
       {9999, 12, 31, 0,  0,  0 },
-      {1000, 1,  1,  0,  0,  0 }
+      {5,    5,  1,  0,  0,  0 }
   };
   return times;
 }
@@ -120,12 +120,11 @@ void Generator::Vary(Packed* record, int field) {
       return record->SetMoment(field, SomeTime());
     case Kind::kWord:
       return record->SetNumber(field, Pick(std::vector<int>{0, 1, 2, 3, 4, 5, 6, 65535, 32768}));
+    case Kind::kFlag:
+      return record->SetNumber(field, Chance(85) ? 0 : Pick(std::vector<int>{1, 1, 1, -7, 256}));
     default:
-      break;
+      return record->SetNumber(field, SomeKey(ReferredBy(record->Shape().stem, shape.name)));
   }
-  const bool flag = std::string(shape.name) == "lSelect";
-  record->SetNumber(field,
-                    flag ? (Chance(15) ? 1 : 0) : SomeKey(ReferredBy(record->Shape().stem, shape.name)));
 }
 
 Packed Generator::FreshRecord(Stem stem) {

@@ -21,8 +21,8 @@ Layout Make(Stem stem, const char* name, const char* table, const std::vector<Pl
   return layout;
 }
 
-constexpr Kind kL = Kind::kLong, kW = Kind::kWord, kB = Kind::kByte, kS = Kind::kText, kD = Kind::kDate,
-               kT = Kind::kTime;
+constexpr Kind kL = Kind::kLong, kF = Kind::kFlag, kW = Kind::kWord, kB = Kind::kByte, kS = Kind::kText,
+               kD = Kind::kDate, kT = Kind::kTime;
 
 const std::vector<Plain> kGroup = {
     {"lGrpID",    kL, 4 },
@@ -161,7 +161,7 @@ const std::vector<Plain> kPatient = {
     {"szFirstname", kS, 33},
     {"dBirthday",   kD, 16},
     {"szSex",       kS, 2 },
-    {"lSelect",     kL, 4 },
+    {"lSelect",     kF, 4 },
     {"dEntry",      kD, 16},
     {"szIDDisp",    kS, 33},
     {"tsLastDisp",  kT, 16},

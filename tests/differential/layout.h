@@ -16,7 +16,7 @@ constexpr int kStems = 11;  // those with a browse set
 constexpr Stem kTables[] = {Stem::kDr,  Stem::kStat, Stem::kUnit, Stem::kPat, Stem::kImg,
                             Stem::kMak, Stem::kGrp,  Stem::kDiag, Stem::kCfg, Stem::kTest};
 
-enum class Kind { kLong, kWord, kByte, kText, kDate, kTime };
+enum class Kind { kLong, kFlag, kWord, kByte, kText, kDate, kTime };
 
 struct Field {
   const char* name;

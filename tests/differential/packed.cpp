@@ -75,6 +75,8 @@ Cell Packed::Value(int field) const {
     case Kind::kDate:
     case Kind::kTime:
       return Moment(field);
+    case Kind::kFlag:
+      return Number(field) == 0 ? 0 : 1;
     default:
       return Number(field);
   }
