@@ -206,13 +206,27 @@ void RollBack(Answers& answers, const Keys&) {
 }
 
 // A change after a transaction is stored at once, whatever became of the transaction.
-void ChangeAfterTransaction(Answers& answers, const Keys& keys) {
-  answers.Code("begin", DB_BeginTransaction(), kTransactions);
-  answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
+void RequireLaterChange(Answers& answers, const Keys& keys) {
   tagTSTATION station = family::Stations::Fill(1);
   station.lStatID = keys.at("TStat");
   family::Stations::ChangeText(&station);
   if (answers.Code("edit", DB_EditTStat(&station), kWrites) == 0) answers.RequireChange();
+}
+
+void ChangeAfterTransaction(Answers& answers, const Keys& keys) {
+  answers.Code("begin", DB_BeginTransaction(), kTransactions);
+  answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
+  RequireLaterChange(answers, keys);
+}
+
+// Each attempt to add a patient is a transaction of its own, which ends with the attempt.
+void ChangeAfterRefusedAdd(Answers& answers, const Keys& keys) {
+  constexpr WORD kRefused = 6;
+  tagTPATIENT patient = Patients::Fill(9);
+  patient.dBirthday = {2001, 2, 30, 0, 0, 0, 0};
+  const WORD code = DB_AddNewTPat(&patient);
+  answers.Code("add", code == kRefused ? WORD{0} : code, kAdds);
+  RequireLaterChange(answers, keys);
 }
 
 }  // namespace
@@ -243,6 +257,7 @@ std::vector<Scenario> OtherScenarios() {
       {"ReplaceImageInTransaction",                   ReplaceImageInTransaction,                                                nullptr, false, true},
       {"RollBack",         RollBack                      },
       {"ChangeAfterTransaction",                   ChangeAfterTransaction                                              },
+      {"ChangeAfterRefusedAdd", ChangeAfterRefusedAdd},
   };
 }
 
