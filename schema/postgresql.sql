@@ -7,6 +7,9 @@
 -- images stay, and 0 in a key column means "none". Natural keys are not unique either; a caller that finds
 -- two rows for one is told so. Texts compare and sort by their bytes, as on every other database.
 --
+-- An index by which long tables are sorted holds the row's key as well, so that the keys of a sorted set are
+-- read from it alone.
+--
 -- Applying this file to a practice that has all this already changes nothing. Paragraphs are set apart by
 -- empty lines; each but this first one is exactly one statement, so a program can run them one by one.
 
@@ -72,11 +75,12 @@ CREATE TABLE IF NOT EXISTS TPatient (
 
 CREATE INDEX IF NOT EXISTS TPatient_CulIntDrIDFk ON TPatient (tPatCulIntDrIDFk);
 
-CREATE INDEX IF NOT EXISTS TPatient_SSlidaID ON TPatient (tPatSSlidaID);
+CREATE INDEX IF NOT EXISTS TPatient_SSlidaID ON TPatient (tPatSSlidaID) INCLUDE (tPatCulIntPatIDPk);
 
-CREATE INDEX IF NOT EXISTS TPatient_SSrvID ON TPatient (tPatSSrvID);
+CREATE INDEX IF NOT EXISTS TPatient_SSrvID ON TPatient (tPatSSrvID) INCLUDE (tPatCulIntPatIDPk);
 
-CREATE INDEX IF NOT EXISTS TPatient_SName_SFirstname_DBirthday ON TPatient (tPatSName, tPatSFirstname, tPatDBirthday);
+CREATE INDEX IF NOT EXISTS TPatient_SName_SFirstname_DBirthday ON TPatient (tPatSName, tPatSFirstname, tPatDBirthday)
+  INCLUDE (tPatCulIntPatIDPk);
 
 -- Images: who, on which unit, under which doctor, and where the picture, preview and archive files lie.
 CREATE TABLE IF NOT EXISTS TImage (
@@ -114,9 +118,9 @@ CREATE INDEX IF NOT EXISTS TImage_CulIntUnitIDFk ON TImage (tImgCulIntUnitIDFk);
 
 CREATE INDEX IF NOT EXISTS TImage_CulIntDrIDFk ON TImage (tImgCulIntDrIDFk);
 
-CREATE INDEX IF NOT EXISTS TImage_SName ON TImage (tImgSName);
+CREATE INDEX IF NOT EXISTS TImage_SName ON TImage (tImgSName) INCLUDE (tImgCulIntImgIDPk);
 
-CREATE INDEX IF NOT EXISTS TImage_Ts ON TImage (tImgTs);
+CREATE INDEX IF NOT EXISTS TImage_Ts ON TImage (tImgTs) INCLUDE (tImgCulIntImgIDPk);
 
 -- Makros of an image, numbered within the image.
 CREATE TABLE IF NOT EXISTS TMakro (

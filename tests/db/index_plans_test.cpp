@@ -1,5 +1,7 @@
 // Rows that an index holds in order are read by it however often they are read, whatever was read between.
 #include "tests/db/toy_set.h"
+#include "tests/support/practice.h"
+#include "tests/support/raw_odbc.h"
 
 namespace {
 
@@ -40,6 +42,20 @@ TEST_F(IndexPlans, AnIndexSavesTheSortAlsoWhenSingleRowsWereReadBetween) {
     toys.SetAbsolutePosition(kToys);
     EXPECT_EQ(toys.m_id, 1) << time;
     EXPECT_EQ(SortedRows(), sorted) << "read for the time " << time;
+  }
+}
+
+// What a set reads when it is opened, in an order that a practice looks at often.
+TEST(PracticeIndexes, TheKeysOfSortedRowsComeFromAnIndexAlone) {
+  const support::Practice practice;
+  support::RawOdbc raw(practice);
+  for (const char* query :
+       {"SELECT tPatCulIntPatIDPk FROM TPatient ORDER BY tPatSName,tPatSFirstname,tPatDBirthday",
+        "SELECT tPatCulIntPatIDPk FROM TPatient ORDER BY tPatSSlidaID",
+        "SELECT tPatCulIntPatIDPk FROM TPatient ORDER BY tPatSSrvID",
+        "SELECT tImgCulIntImgIDPk FROM TImage ORDER BY tImgTs",
+        "SELECT tImgCulIntImgIDPk FROM TImage ORDER BY tImgSName"}) {
+    EXPECT_TRUE(support::CurrentKind().IsAnsweredByIndex(raw, query)) << query;
   }
 }
 

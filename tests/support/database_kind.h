@@ -9,6 +9,8 @@
 
 namespace support {
 
+class RawOdbc;
+
 // Which of a table's two names is the table; the other one is a view over it.
 enum class Tables { kShortNames, kFullNames };
 
@@ -49,6 +51,9 @@ class DatabaseKind {
   virtual std::vector<std::string> RemovePingStatements() const = 0;
   // A query for the number of rows that the session has had sorted so far; 0 where nobody counts.
   virtual std::string SortedRowsQuery() const { return "SELECT 0"; }
+  // Whether `query` is answered from an index alone, in its order, by the plan that the database would make
+  // for many rows.
+  virtual bool IsAnsweredByIndex(RawOdbc& database, const std::string& query) const = 0;
 };
 
 // The kind named by KYODBC_TEST_DB; without it the embedded one. An unknown name throws std::runtime_error.

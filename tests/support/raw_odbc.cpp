@@ -141,6 +141,14 @@ std::vector<Row> RawOdbc::Query(const std::string& sql, const std::vector<std::s
   return statement.Rows(sql);
 }
 
+std::string TextOf(const std::vector<Row>& rows) {
+  std::string text;
+  for (const Row& row : rows) {
+    for (const Value& value : row) text += value.value_or("") + "\n";
+  }
+  return text;
+}
+
 Value RawOdbc::Scalar(const std::string& sql) {
   const std::vector<Row> rows = Query(sql);
   if (rows.empty() || rows[0].empty()) throw std::runtime_error(sql + ": no row");

@@ -16,6 +16,9 @@ namespace support {
 using Value = std::optional<std::string>;
 using Row = std::vector<Value>;
 
+// All values, one behind the other.
+std::string TextOf(const std::vector<Row>& rows);
+
 // One connection. Every statement commits at once. Failures throw std::runtime_error with the SQLSTATE and
 // the message.
 class RawOdbc {

@@ -96,6 +96,13 @@ class PostgresqlKind : public ServerKind {
   std::vector<std::string> RemovePingStatements() const override {
     return {"DROP FUNCTION spky_ping()", "DROP VIEW spky_ping"};
   }
+  bool IsAnsweredByIndex(RawOdbc& database, const std::string& query) const override {
+    database.Exec("SET enable_seqscan = off");
+    database.Exec("SET enable_bitmapscan = off");
+    const std::string plan = TextOf(database.Query("EXPLAIN (COSTS OFF) " + query));
+    database.Exec("RESET ALL");
+    return plan.find("Index Only Scan") != std::string::npos && plan.find("Sort") == std::string::npos;
+  }
 
  protected:
   std::string Connect(const std::string& database) const override {
@@ -176,6 +183,10 @@ class MariadbKind : public ServerKind {
     return {"CREATE PROCEDURE " + name + "() " + select};
   }
   std::vector<std::string> RemovePingStatements() const override { return {"DROP PROCEDURE spky_ping"}; }
+  bool IsAnsweredByIndex(RawOdbc& database, const std::string& query) const override {
+    const std::string plan = TextOf(database.Query("EXPLAIN " + query));
+    return plan.find("Using index") != std::string::npos && plan.find("filesort") == std::string::npos;
+  }
   std::string SortedRowsQuery() const override {
     return "SELECT CAST(variable_value AS SIGNED) FROM information_schema.session_status "
            "WHERE variable_name = 'Sort_rows'";

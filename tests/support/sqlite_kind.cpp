@@ -7,6 +7,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tests/support/raw_odbc.h"
+
 namespace support {
 namespace {
 
@@ -99,6 +101,10 @@ class SqliteKind : public DatabaseKind {
     return {"CREATE VIEW " + name + " AS " + select};
   }
   std::vector<std::string> RemovePingStatements() const override { return {"DROP VIEW spky_ping"}; }
+  bool IsAnsweredByIndex(RawOdbc& database, const std::string& query) const override {
+    const std::string plan = TextOf(database.Query("EXPLAIN QUERY PLAN " + query));
+    return plan.find("COVERING INDEX") != std::string::npos && plan.find("TEMP B-TREE") == std::string::npos;
+  }
 };
 
 }  // namespace
