@@ -257,7 +257,7 @@ std::vector<Scenario> OtherScenarios() {
       {"ReplaceImageInTransaction",                   ReplaceImageInTransaction,                                                nullptr, false, true},
       {"RollBack",         RollBack                      },
       {"ChangeAfterTransaction",                   ChangeAfterTransaction                                              },
-      {"ChangeAfterRefusedAdd", ChangeAfterRefusedAdd},
+      {"ChangeAfterRefusedAdd",                        ChangeAfterRefusedAdd                                           },
   };
 }
 
