@@ -38,7 +38,7 @@ std::string Host(const std::string& name) {
 
 std::string ConnectionString(const std::string& driver, const Options& options) {
   std::string text = "DRIVER=" + driver;
-  for (const auto& [name, value] : options) text += ";" + name + "=" + value;
+  for (const auto& [name, value] : options) text.append(";").append(name).append("=").append(value);
   return text + ";UID=" + kUser + ";PWD=" + kPassword;
 }
 
