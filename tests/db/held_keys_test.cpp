@@ -48,6 +48,19 @@ TEST_F(HeldKeys, EveryRowIsVisitedOnceWhateverItsKey) {
   }
 }
 
+TEST_F(HeldKeys, WhetherAColumnMayBeNullIsKnownWithAndWithoutRows) {
+  for (const std::vector<std::string>& keys : {
+           std::vector<std::string>{   },
+           { "1", "2"}
+  }) {
+    Fill(keys);
+    KeyedToySet set(&m_database, "Loose");
+    ASSERT_TRUE(set.Open(CRecordset::dynaset));
+    EXPECT_TRUE(set.IsFieldNullable(&set.m_id)) << keys.size();
+    EXPECT_TRUE(set.IsFieldNullable(&set.m_name)) << keys.size();
+  }
+}
+
 TEST_F(HeldKeys, AColumnCanBeReadAgainOnEveryRow) {
   AddToys(5);
   KeyedToySet set(&m_database, "Toy");

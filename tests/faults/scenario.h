@@ -49,6 +49,7 @@ struct Scenario {
   bool connects = false;                        // starts without a connection
   bool derives = false;                         // the patient's last display may lag behind
   bool row_by_row = false;                      // changes several rows, each by itself
+  bool runs_statements = true;                  // without any, nothing can be still executing
 };
 
 // GoogleTest would print the bytes, also those between the members.
