@@ -321,7 +321,7 @@ RETCODE Statement::DescribeColumn(SQLUSMALLINT column, CODBCFieldInfo* info) {
   info->m_nPrecision = static_cast<DWORD>(std::min<SQLULEN>(precision, std::numeric_limits<DWORD>::max()));
   code = ColumnNumber(column, SQL_DESC_TYPE, &info->m_nSQLType);
   if (!Succeeded(code) || info->m_nSQLType != SQL_DATETIME) return code;
-  if (precision == kDateCharacters) {
+  if (precision == kDateCharacters && info->m_nScale == 0) {  // with a digit of the second it is a time
     info->m_nSQLType = SQL_TYPE_DATE;
   } else if (precision >= kTimestampCharacters) {
     info->m_nSQLType = SQL_TYPE_TIMESTAMP;

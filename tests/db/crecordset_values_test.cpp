@@ -193,6 +193,22 @@ TEST_F(RecordSetValues, ColumnsTellNameTypeAndWidth) {
                 sizeof info.m_nNullability == 2);
 }
 
+// A time of day with one digit of its second is as wide as a date, ten characters.
+TEST_F(RecordSetValues, ATimeOfDayIsNoDateWhateverItsWidth) {
+  m_raw.Exec("CREATE TABLE Hours (hNone TIME(0), hOne TIME(1), hTwo TIME(2))");
+  m_raw.Exec("INSERT INTO Hours VALUES ('10:11:12','10:11:12.5','10:11:12.25')");
+  CRecordset set(&m_database);
+  set.Open(CRecordset::snapshot, "SELECT * FROM Hours");
+  for (short column = 0; column < 3; ++column) {
+    CODBCFieldInfo info;
+    set.GetODBCFieldInfo(column, info);
+    EXPECT_EQ(info.m_nSQLType, SQL_TYPE_TIME) << column;
+    CString text;
+    set.GetFieldValue(column, text);
+    EXPECT_EQ(std::string(text.GetString()).substr(0, 8), "10:11:12") << column;
+  }
+}
+
 TEST_F(RecordSetValues, OnlyTextsHaveATextLength) {
   for (const SWORD type :
        {SQL_CHAR, SQL_VARCHAR, SQL_LONGVARCHAR, SQL_WCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR}) {
