@@ -25,8 +25,7 @@ std::string SequenceOf(PracticeDatabase& database, const Shape& shape) {
 
 // The table whose counter it is, for the database that keeps it with the table.
 std::string WhereTable(PracticeDatabase& database, const Shape& shape) {
-  std::string owner = database.Owner();
-  if (owner.ends_with('.')) owner.pop_back();
+  const std::string owner = database.OwnerName();
   return fmt::format("TABLE_SCHEMA = {} AND TABLE_NAME IN {} AND TABLE_TYPE = 'BASE TABLE'",
                      owner.empty() ? "DATABASE()" : TextLiteral(owner), BothNames(shape));
 }

@@ -32,6 +32,8 @@ class PracticeDatabase {
   // The table's name with what stands before it.
   std::string Name(const std::string& table) const { return m_owner + table; }
   const std::string& Owner() const { return m_owner; }
+  // Without the point behind it: a schema, on MariaDB a database. Empty: the connection's own.
+  std::string OwnerName() const { return m_owner.substr(0, m_owner.find_last_not_of('.') + 1); }
   // As given or asked for; empty when the data source has them itself.
   const std::string& User() const { return m_user; }
   const std::string& Password() const { return m_password; }

@@ -49,11 +49,6 @@ std::string PqOption(const std::string& options, const std::string& name) {
   return options.substr(start, options.find_first_of(" }", start) - start);
 }
 
-std::string WithoutPoint(std::string owner) {
-  if (owner.ends_with('.')) owner.pop_back();
-  return owner;
-}
-
 void AddIfGiven(std::vector<std::string>& command, const std::string& option, const std::string& value) {
   if (!value.empty()) command.push_back(option + "=" + value);
 }
@@ -81,7 +76,7 @@ ServerPrograms::ServerPrograms(const Place& place, const PracticeDatabase& datab
     return;
   }
   // Here the owner is the database.
-  if (!database.Owner().empty()) m_database = WithoutPoint(database.Owner());
+  if (!database.Owner().empty()) m_database = database.OwnerName();
   m_environment["MYSQL_PWD"] = password;
   if (!source.Option("FORCETLS").empty() || !source.Option("SSLCA").empty()) m_encryption = {"--ssl"};
   for (const MariadbOption& option : kMariadbOptions)
