@@ -121,7 +121,7 @@ std::string NarrowText(const SQLWCHAR* text, SQLINTEGER length) {
 
 SQLRETURN PrepareConnection(Call& call, const std::string& text) {
   Handle* connection = call.Target();
-  connection->lost = false;
+  connection->lost = connection->ended = false;
   if (connection->real != SQL_NULL_HANDLE) return SQL_SUCCESS;  // connects again
   const Source source(text);
   std::string reason = "the option KyFaultDriver names no driver";
@@ -157,13 +157,19 @@ KYFAULT_EXPORT SQLRETURN SQLBrowseConnect(SQLHDBC connection, SQLCHAR* text, SQL
                                                       length, result, size, result_length);
 }
 
-// A driver ends the statements of the connection too; their handles are not freed singly.
+// A driver ends the statements of the connection too; their handles are not freed singly. When it has been
+// ended and an error was answered, the call may come again: one real driver would refuse it, and the driver
+// manager would never let the handle be freed.
 KYFAULT_EXPORT SQLRETURN SQLDisconnect(SQLHDBC connection) {
   kyfault::Call call("SQLDisconnect", connection, SQL_HANDLE_DBC);
   return call.Run([&]() -> SQLRETURN {
+    if (call.Target()->ended) return SQL_SUCCESS;
     auto* disconnect = call.Real<decltype(SQLDisconnect)>();
     const SQLRETURN code = disconnect == nullptr ? call.Missing() : disconnect(call.Target()->real);
-    if (SQL_SUCCEEDED(code)) kyfault::FreeChildren(call.Target());
+    if (SQL_SUCCEEDED(code)) {
+      call.Target()->ended = true;
+      kyfault::FreeChildren(call.Target());
+    }
     return code;
   });
 }

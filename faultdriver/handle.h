@@ -54,6 +54,7 @@ struct Handle {
   std::vector<KeptAttribute> kept;                // of an environment and a connection
   std::map<RealDriver*, SQLHANDLE> environments;  // of an environment
   bool lost = false;                              // of a connection
+  bool ended = false;                             // of a connection: disconnected, whatever was answered
   std::string capabilities;                       // of a connection
   std::map<SQLUSMALLINT, BoundColumn> columns;    // of a statement
   std::vector<Handle*> descriptors;               // of a statement: its own ones

@@ -137,6 +137,17 @@ TEST_F(FaultDriverTest, AnErrorAfterwardsLeavesTheChangeInTheDatabase) {
   EXPECT_EQ(NewStations(), 1);
 }
 
+// One real driver would fail again, the connection being ended, and the handle could never be freed.
+TEST_F(FaultDriverTest, ADisconnectingThatWasSaidToHaveFailedSucceedsWhenItIsAskedForAgain) {
+  Driver().Order("SQLDisconnect 1 error after");
+  SQLFreeHandle(SQL_HANDLE_STMT, m_statement);
+  m_statement = SQL_NULL_HSTMT;
+  EXPECT_EQ(SQLDisconnect(m_connection), SQL_ERROR);
+  EXPECT_EQ(SQLDisconnect(m_connection), SQL_SUCCESS);
+  EXPECT_EQ(SQLFreeHandle(SQL_HANDLE_DBC, m_connection), SQL_SUCCESS);
+  EXPECT_EQ(SQLAllocHandle(SQL_HANDLE_DBC, m_environment, &m_connection), SQL_SUCCESS);
+}
+
 TEST_F(FaultDriverTest, OrdersCountTheirOwnFunctionOrAllCalls) {
   Driver().Order("SQLExecDirect 2 error");
   EXPECT_EQ(AddStation(), SQL_SUCCESS);
