@@ -92,9 +92,10 @@ KYODBC_API WORD DB_GetDBOwner(char* buffer, LONG size);
  * 1 when the driver refuses, a transaction is pending already (begin) or none is (commit, rollback); 3
  * without a connection; 31; 55 when the data source has no transactions. Open browse sets are not read
  * again. A commit gives 1 and rolls everything back when a change failed because of another's transaction (a
- * deadlock), and on PostgreSQL after a statement that is no SQL (a filter without fields). A connection lost
- * in a transaction leaves nothing of it, and none is pending then; only when the commit itself meets the loss
- * is it unknown which way it went. */
+ * deadlock), and on PostgreSQL after a statement that is no SQL (a filter without fields). Whatever a commit
+ * or rollback returns, no transaction is pending after it: what could not be committed is rolled back, and a
+ * connection that cannot even do that is given up, as if it were lost. A connection lost in a transaction
+ * leaves nothing of it; only when the commit itself meets the loss is it unknown which way it went. */
 KYODBC_API WORD DB_BeginTransaction(void);
 KYODBC_API WORD DB_CommitTransaction(void);
 KYODBC_API WORD DB_RollbackTransaction(void);

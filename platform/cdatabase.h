@@ -108,7 +108,8 @@ class KYODBC_API CDatabase : public CObject {
   bool BeginByStatement(const char* begin);
   bool BeginByAttribute();
   void TryRollback();
-  BOOL EndByStatement(bool commit);
+  bool EndByStatement(bool commit);
+  bool EndByAttribute(bool commit);
   bool RunTransactionStatement(const char* sql);
   void LogTransactionFailure() const;
   BOOL FailTransaction();

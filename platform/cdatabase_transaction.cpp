@@ -84,34 +84,43 @@ bool CDatabase::RunTransactionStatement(const char* sql) {
   }
 }
 
+// However it goes, no transaction is pending afterwards: a caller who does not look at the answer would lose
+// all that he changes later. What could not be committed is rolled back, and a connection that cannot even do
+// that is given up.
 BOOL CDatabase::EndTrans(bool commit) {
   if (m_connection == nullptr || !m_bTransactionPending) return FALSE;
   CountChange();
-  if (TransactionBegin(*m_facts) != nullptr) return EndByStatement(commit);
-  // A failed end leaves the transaction pending, so that the caller may still roll it back. A server that
-  // refuses a commit has rolled back by itself: a second one would succeed, and store nothing.
-  if (!odbc::Succeeded(m_connection->EndTransaction(commit))) {
-    if (commit) DoomTransaction();
-    return FailTransaction();
+  try {
+    const bool ended =
+        TransactionBegin(*m_facts) != nullptr ? EndByStatement(commit) : EndByAttribute(commit);
+    m_bTransactionPending = m_bTransactionDoomed = FALSE;
+    return ended;
+  } catch (const std::bad_alloc&) {
+    ReleaseIfDead(true);
+    throw;
   }
-  m_bTransactionPending = m_bTransactionDoomed = FALSE;
-  // A connection that stayed in the transaction would lose every later change: it is given up.
-  if (!odbc::Succeeded(m_connection->SetAutocommit(true))) {
+}
+
+bool CDatabase::EndByAttribute(bool commit) {
+  const bool ended = odbc::Succeeded(m_connection->EndTransaction(commit));
+  if (!ended) FailTransaction();
+  if (m_connection == nullptr) return false;
+  if (!ended && !odbc::Succeeded(m_connection->EndTransaction(false))) {
+    ReleaseIfDead(true);
+  } else if (!odbc::Succeeded(m_connection->SetAutocommit(true))) {
     LogTransactionFailure();
     ReleaseIfDead(true);
   }
-  return TRUE;
+  return ended;
 }
 
-// A rollback fails when the database has rolled back by itself, for want of space or the like. Should it not
-// have heard of the rollback, no other transaction can be begun, and the connection, which would lose every
-// later change, is given up.
-BOOL CDatabase::EndByStatement(bool commit) {
-  const bool ended = RunTransactionStatement(commit ? "COMMIT" : "ROLLBACK");
-  if (ended || !commit) m_bTransactionPending = m_bTransactionDoomed = FALSE;
-  if (ended || commit || m_connection == nullptr) return ended;
+// A rollback is refused when the database has rolled back by itself, for want of space or the like: then a
+// transaction can be begun.
+bool CDatabase::EndByStatement(bool commit) {
+  if (RunTransactionStatement(commit ? "COMMIT" : "ROLLBACK")) return true;
+  if (m_connection == nullptr || Runs(*this, "ROLLBACK")) return false;
   if (!Runs(*this, TransactionBegin(*m_facts)) || !RunTransactionStatement("ROLLBACK")) ReleaseIfDead(true);
-  return FALSE;
+  return false;
 }
 
 void CDatabase::LogTransactionFailure() const {

@@ -6,12 +6,10 @@ namespace rowops {
 
 OwnTransaction::~OwnTransaction() {
   try {
-    if (m_begun == nullptr || m_begun->Rollback() || !m_begun->InTransaction() || m_begun->Rollback()) return;
+    if (m_begun != nullptr) m_begun->Rollback();
   } catch (const std::bad_alloc&) {
-    // Not even the rollback could be sent.
+    // Not even the rollback could be sent: the connection has been given up.
   }
-  // A connection that stayed in the transaction would lose every later change.
-  m_begun->ReleaseIfDead(true);
 }
 
 bool OwnTransaction::Begin(CDatabase* database) {

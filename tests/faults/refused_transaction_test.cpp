@@ -58,8 +58,10 @@ TEST_F(RefusedTransaction, ACommitTellsWhatTheDatabaseSaid) {
   Refuse("SQLEndTran");
   ASSERT_EQ(DB_CommitTransaction(), 1);
   ExpectTold("DB_CommitTransaction");
-  EXPECT_EQ(DB_RollbackTransaction(), 0);
+  EXPECT_EQ(DB_RollbackTransaction(), 1) << "none is pending";
   EXPECT_EQ(m_raw.Count("TStation", "tStatSName = 'Added'"), 0);
+  EXPECT_EQ(AddStation(), 0);
+  EXPECT_EQ(m_raw.Count("TStation", "tStatSName = 'Added'"), 1);
 }
 
 TEST_F(RefusedTransaction, ARollbackTellsWhatTheDatabaseSaid) {
@@ -67,6 +69,9 @@ TEST_F(RefusedTransaction, ARollbackTellsWhatTheDatabaseSaid) {
   Refuse("SQLEndTran");
   ASSERT_EQ(DB_RollbackTransaction(), 1);
   ExpectTold("DB_RollbackTransaction");
+  EXPECT_EQ(DB_CommitTransaction(), 1) << "none is pending";
+  EXPECT_EQ(AddStation(), 0);
+  EXPECT_EQ(m_raw.Count("TStation", "tStatSName = 'Added'"), 1);
 }
 
 TEST_F(RefusedTransaction, WhatTheLibraryRefusesItselfIsToldByItsMeaning) {

@@ -194,15 +194,15 @@ void ReplaceImageInTransaction(Answers& answers, const Keys& keys) {
   if (done && answers.Code("commit", DB_CommitTransaction(), kTransactions) == 0) {
     return answers.RequireChange();
   }
-  const WORD code = answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
-  if (!done && code == 0) answers.RequireChange(false);
+  answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
+  if (!done) answers.RequireChange(false);
 }
 
 void RollBack(Answers& answers, const Keys&) {
   if (answers.Code("begin", DB_BeginTransaction(), kTransactions) != 0) return;
   tagTPATIENT patient = Patients::Fill(9);
   answers.Code("add", DB_AddNewTPat(&patient), kAdds);
-  if (answers.Code("rollback", DB_RollbackTransaction(), kTransactions) != 0) DB_RollbackTransaction();
+  answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
 }
 
 // A change after a transaction is stored at once, whatever became of the transaction.
@@ -216,6 +216,12 @@ void RequireLaterChange(Answers& answers, const Keys& keys) {
 void ChangeAfterTransaction(Answers& answers, const Keys& keys) {
   answers.Code("begin", DB_BeginTransaction(), kTransactions);
   answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
+  RequireLaterChange(answers, keys);
+}
+
+void ChangeAfterCommit(Answers& answers, const Keys& keys) {
+  answers.Code("begin", DB_BeginTransaction(), kTransactions);
+  answers.Code("commit", DB_CommitTransaction(), kTransactions);
   RequireLaterChange(answers, keys);
 }
 
@@ -257,7 +263,8 @@ std::vector<Scenario> OtherScenarios() {
       {"ReplaceImageInTransaction",               ReplaceImageInTransaction,                nullptr, false, true},
       {"RollBack",                         RollBack                                                   },
       {"ChangeAfterTransaction",                  ChangeAfterTransaction                                         },
-      {"ChangeAfterRefusedAdd",                     ChangeAfterRefusedAdd                                                              },
+      {"ChangeAfterCommit",                     ChangeAfterCommit                                                              },
+      {"ChangeAfterRefusedAdd",ChangeAfterRefusedAdd},
   };
 }
 

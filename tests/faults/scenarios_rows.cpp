@@ -82,8 +82,8 @@ void Transaction(Answers& answers, const Keys& keys) {
                     AddOne<Table>(answers, keys, kAddedToo) == 0 && DeleteOne<Table>(answers, keys) == 0;
   if (done && answers.Code("commit", DB_CommitTransaction(), {1, 3}) == 0) return answers.RequireChange();
   // Whether a commit whose answer failed was one is not known.
-  const WORD code = answers.Code("rollback", DB_RollbackTransaction(), {1, 3});
-  if (!done && code == 0) answers.RequireChange(false);
+  answers.Code("rollback", DB_RollbackTransaction(), {1, 3});
+  if (!done) answers.RequireChange(false);
 }
 
 template <class Table>

@@ -171,16 +171,30 @@ TEST_F(Connecting, ATransactionThatCannotBeBegunIsNotPending) {
   EXPECT_TRUE(m_database.BeginTrans());
 }
 
-TEST_F(Connecting, ACommitThatFailsLeavesTheTransactionPending) {
+TEST_F(Connecting, AnEndThatFailsIsRolledBackAndNoneIsPendingThen) {
   m_database.OpenEx("DSN=a");
-  m_database.BeginTrans();
-  TheScript().Answer("SQLEndTran", {SQL_ERROR}, {{"40001"}});
-  EXPECT_FALSE(m_database.CommitTrans());
-  EXPECT_TRUE(m_database.IsOpen());
-  EXPECT_FALSE(m_database.BeginTrans());
-  EXPECT_EQ(TheScript().connection_attributes[SQL_ATTR_AUTOCOMMIT], SQLULEN{SQL_AUTOCOMMIT_OFF});
-  EXPECT_TRUE(m_database.Rollback());
-  EXPECT_EQ(TheScript().connection_attributes[SQL_ATTR_AUTOCOMMIT], SQLULEN{SQL_AUTOCOMMIT_ON});
+  for (const bool commit : {true, false}) {
+    EXPECT_TRUE(m_database.BeginTrans());
+    TheScript().Answer("SQLEndTran", {SQL_ERROR}, {{"40001"}});
+    const int before = TheScript().Calls("SQLEndTran");
+    EXPECT_FALSE(commit ? m_database.CommitTrans() : m_database.Rollback());
+    EXPECT_EQ(TheScript().Calls("SQLEndTran"), before + 2);
+    EXPECT_TRUE(m_database.IsOpen());
+    EXPECT_FALSE(m_database.InTransaction());
+    EXPECT_EQ(TheScript().connection_attributes[SQL_ATTR_AUTOCOMMIT], SQLULEN{SQL_AUTOCOMMIT_ON});
+    EXPECT_FALSE(m_database.CommitTrans());
+  }
+}
+
+TEST_F(Connecting, AConnectionThatCannotRollBackIsGivenUp) {
+  for (const bool commit : {true, false}) {
+    m_database.OpenEx("DSN=a");
+    m_database.BeginTrans();
+    TheScript().Answer("SQLEndTran", {SQL_ERROR, SQL_ERROR}, {{"HY000"}});
+    EXPECT_FALSE(commit ? m_database.CommitTrans() : m_database.Rollback());
+    EXPECT_FALSE(m_database.IsOpen());
+    EXPECT_FALSE(m_database.InTransaction());
+  }
 }
 
 TEST_F(Connecting, AConnectionThatCannotLeaveManualCommitIsGivenUp) {
@@ -254,23 +268,46 @@ TEST_F(BeginningByStatement, WhoCannotWriteBeginsNothing) {
   EXPECT_TRUE(m_database.BeginTrans());
 }
 
-TEST_F(BeginningByStatement, AFailedCommitMayBeTriedAgainAndAFailedRollbackEndsIt) {
+TEST_F(BeginningByStatement, AnEndThatFailsIsRolledBackAndNoneIsPendingThen) {
+  for (const bool commit : {true, false}) {
+    EXPECT_TRUE(m_database.BeginTrans());
+    TheScript().Answer("SQLExecDirect",
+                       {
+                           SQL_ERROR
+    },
+                       {{"HY000", 5}});
+    EXPECT_FALSE(commit ? m_database.CommitTrans() : m_database.Rollback());
+    EXPECT_EQ(Last(), "ROLLBACK");
+    EXPECT_FALSE(m_database.InTransaction());
+    EXPECT_FALSE(m_database.CommitTrans());
+  }
+}
+
+TEST_F(BeginningByStatement, WhatHasRolledBackByItselfIsKnownByAnotherBegin) {
   m_database.BeginTrans();
   TheScript().Answer("SQLExecDirect",
                      {
-                         SQL_ERROR
+                         SQL_ERROR, SQL_ERROR
   },
-                     {{"HY000", 5}});
+                     {{"HY000", 1}});
   EXPECT_FALSE(m_database.CommitTrans());
-  EXPECT_TRUE(m_database.CommitTrans());
+  const std::vector<std::string> done = TheScript().Sent();  // the refused COMMIT and ROLLBACK are not told
+  ASSERT_GE(done.size(), 3u);
+  EXPECT_EQ(std::vector(done.end() - 3, done.end()),
+            (std::vector<std::string>{"BEGIN IMMEDIATE", "BEGIN IMMEDIATE", "ROLLBACK"}));
+  EXPECT_TRUE(m_database.IsOpen());
+  EXPECT_FALSE(m_database.InTransaction());
+}
+
+TEST_F(BeginningByStatement, AConnectionThatCannotRollBackIsGivenUp) {
   m_database.BeginTrans();
   TheScript().Answer("SQLExecDirect",
                      {
-                         SQL_ERROR
+                         SQL_ERROR, SQL_ERROR, SQL_ERROR
   },
                      {{"HY000", 1}});
   EXPECT_FALSE(m_database.Rollback());
-  EXPECT_TRUE(m_database.BeginTrans());
+  EXPECT_FALSE(m_database.IsOpen());
 }
 
 class ProvingTheSession : public Connecting {
