@@ -96,6 +96,14 @@ class FullScreen(ShellCase):
             self.at(terminal, row)
         terminal.wait(lambda: self.name_at(terminal, 2) == self.names[0], "the first name")
 
+    def test_a_new_size_is_seen_also_while_a_key_is_answered(self):
+        terminal = self.open()
+        for row, lines in enumerate((20, 24) * 10, 2):
+            terminal.press("down")
+            terminal.resize(lines, 80)
+            terminal.wait(lambda: "patients" in terminal.lines()[0], f"{lines} lines")
+            self.at(terminal, row)
+
     def test_columns_are_reached_by_arrows_and_stand_under_their_titles(self):
         terminal = self.open("--filter", "key <= 8", "--sort", "key")
         line = next(i for i in range(2, 10) if self.name_at(terminal, i) == "山田太郎")

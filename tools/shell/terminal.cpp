@@ -3,6 +3,8 @@
 #include "tools/shell/terminal.h"
 
 #include <curses.h>
+#include <poll.h>
+#include <unistd.h>
 
 #include <array>
 #include <climits>
@@ -20,6 +22,7 @@ namespace shell {
 namespace {
 
 constexpr int kEscapeMilliseconds = 25;
+constexpr int kMostMilliseconds = 200;  // of waiting for a key at one go
 constexpr wint_t kCtrlU = 21;
 constexpr wint_t kEscape = 27;
 constexpr wint_t kDeleteCharacter = 127;
@@ -107,6 +110,11 @@ constexpr StyleRow kStyles[] = {
     {-1,           -1,         A_DIM,                            A_DIM                           },
 };
 
+bool InputHasEnded() {
+  pollfd input{STDIN_FILENO, 0, 0};
+  return poll(&input, 1, 0) > 0;  // its other side is gone
+}
+
 // Throws ToolError when the terminal is not known.
 SCREEN* NewScreen() {
   UseUtf8();
@@ -172,10 +180,14 @@ void Terminal::HideCursor() { curs_set(0); }
 
 void Terminal::Show() { refresh(); }
 
+// A size that changed while something else was done is told only when no key comes: a wait for one must end.
 Terminal::Event Terminal::Wait(int milliseconds, KeyPress& key) {
-  timeout(milliseconds);
+  timeout(milliseconds < 0 ? kMostMilliseconds : milliseconds);
   wint_t code = 0;
-  const int kind = get_wch(&code);
+  int kind = ERR;
+  do {
+    kind = get_wch(&code);
+  } while (kind == ERR && milliseconds < 0 && !InputHasEnded());
   if (kind == ERR) return milliseconds < 0 ? Event::kEnd : Event::kNothing;
   if (kind == KEY_CODE_YES && code == KEY_RESIZE) return Event::kResize;
   key = kind == KEY_CODE_YES ? KeyPress{Find(kFunctionKeys, code), {}} : FromCharacter(code);
