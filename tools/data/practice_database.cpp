@@ -197,6 +197,5 @@ Changes::~Changes() {
 void Changes::Commit() {
   m_open = false;
   if (m_database.CommitTrans()) return;
-  m_database.Rollback();
   throw ToolError(kFailed, "the database did not commit the changes; KYODBC_LOG=error shows why");
 }
