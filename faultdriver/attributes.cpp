@@ -42,7 +42,7 @@ void TellText(const char* text, SQLPOINTER value, SQLSMALLINT size, SQLSMALLINT*
     std::strcpy(static_cast<char*>(value), text);
   } else {
     auto* wide = static_cast<SQLWCHAR*>(value);
-    for (; *text != '\0'; ++text) *wide++ = static_cast<SQLWCHAR>(*text);
+    for (; *text != '\0'; ++text) *wide++ = static_cast<unsigned char>(*text);
     *wide = 0;
   }
 }

@@ -99,12 +99,17 @@ bool IsPlainTime(const std::string& text, bool date_only) {
   return time.year > 0 && IsStorableDate(time);
 }
 
+std::string WithRoom(std::string_view text, std::size_t size) {
+  std::string roomy;
+  roomy.reserve(size);
+  roomy = text;
+  return roomy;
+}
+
 class Marker {
  public:
-  Marker(std::string_view head, std::string_view condition, std::size_t more) : m_rest(condition) {
-    m_sql.reserve(head.size() + condition.size() + more);
-    m_sql = head;
-  }
+  Marker(std::string_view head, std::string_view condition, std::size_t more)
+      : m_rest(condition), m_sql(WithRoom(head, head.size() + condition.size() + more)) {}
 
   // False when the condition holds what this reader does not understand.
   bool Run() {

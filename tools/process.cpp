@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr std::size_t kBlock = 64 * 1024;
+constexpr std::size_t kBlock = std::size_t{64} * 1024;
 constexpr std::size_t kMostSaid = 2000;
 
 class Pipe {
@@ -48,12 +48,13 @@ std::vector<std::string> Joined(const std::map<std::string, std::string>& more) 
     const std::string text = *entry;
     if (!more.contains(text.substr(0, text.find('=')))) all.push_back(text);
   }
-  for (const auto& [name, value] : more) all.push_back(name + "=" + value);
+  for (const auto& [name, value] : more) all.push_back(fmt::format("{}={}", name, value));
   return all;
 }
 
 std::vector<char*> Pointers(const std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
   pointers.push_back(nullptr);
   return pointers;

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <optional>
@@ -42,7 +43,7 @@ void CopyText(const Column& column, const std::string& text, char* place) {
                     fmt::format("{}: the text is longer than {} bytes", column.title, column.width - 1));
   }
   std::memset(place, 0, column.width);
-  std::memcpy(place, text.data(), text.size());
+  std::copy(text.begin(), text.end(), place);
 }
 
 template <class Value>

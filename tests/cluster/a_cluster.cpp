@@ -115,7 +115,7 @@ Galera* TheGalera() { return dynamic_cast<Galera*>(the_cluster.get()); }
 
 int Rounds() {
   const char* rounds = std::getenv("KYODBC_TEST_ROUNDS");
-  return rounds != nullptr ? std::max(1, std::atoi(rounds)) : 1;
+  return rounds != nullptr ? std::max(1, static_cast<int>(std::strtol(rounds, nullptr, 10))) : 1;
 }
 
 }  // namespace cluster

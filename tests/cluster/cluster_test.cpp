@@ -26,7 +26,7 @@ ClusterTest::ClusterTest() {
 }
 
 std::string ClusterTest::AddSource(const support::Options& options) {
-  const std::string name = support::OdbcHome::FreshName();
+  std::string name = support::OdbcHome::FreshName();
   support::OdbcHome::Hold()->AddSource(name, CurrentKind().DriverName(), options);
   return name;
 }

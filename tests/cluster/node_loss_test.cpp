@@ -19,7 +19,7 @@ constexpr milliseconds kUnnoticed{40000};
 
 unsigned Seed() {
   const char* seed = std::getenv("KYODBC_TEST_SEED");
-  return seed != nullptr ? static_cast<unsigned>(std::atoi(seed)) : std::random_device{}();
+  return seed != nullptr ? static_cast<unsigned>(std::strtoul(seed, nullptr, 10)) : std::random_device{}();
 }
 
 class NodeLoss : public ClusterTest {

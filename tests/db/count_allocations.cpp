@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <new>
 
+// NOLINTBEGIN(cppcoreguidelines-no-malloc): this is what manages memory.
 namespace {
 
 std::atomic<int> g_allocations{0};
@@ -29,3 +30,4 @@ void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+// NOLINTEND(cppcoreguidelines-no-malloc)

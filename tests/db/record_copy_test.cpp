@@ -50,7 +50,7 @@ void PutField(void* record, const Field& field, const std::string& value) {
   char* place = static_cast<char*>(record) + field.offset;
   if (field.kind == 'T' || field.kind == 'X') {
     std::memset(place, 0, field.size);
-    std::memcpy(place, value.data(), value.size());
+    std::copy(value.begin(), value.end(), place);
   } else if (field.kind == 'D' || field.kind == 'S') {
     const TIMESTAMP_STRUCT time = TimeOf(value);
     std::memcpy(place, &time, sizeof time);

@@ -84,7 +84,7 @@ Cell Generator::OperandOf(Stem stem, int id, bool pattern) {
     case ValueType::kText: {
       std::string text = IsNull(value) ? AnyText() : std::get<std::string>(value);
       if (!pattern) return text;
-      const std::string begin = Cut(text, static_cast<std::size_t>(1 + Below(4)));
+      const std::string begin = Cut(text, 1 + static_cast<std::size_t>(Below(4)));
       return Pick(
           std::vector<std::string>{begin + "%", "%" + begin + "%", "_" + begin, begin + "_%", "%", text});
     }
@@ -104,7 +104,7 @@ Call Generator::FilterOf(Stem stem) {
   }
   const std::vector<int> known = KnownIds(stem);
   std::vector<int> ids, operators;
-  const std::size_t clauses = static_cast<std::size_t>(1 + Below(4));
+  const std::size_t clauses = 1 + static_cast<std::size_t>(Below(4));
   while (ids.size() < clauses) {
     const int id = Chance(97) ? Pick(known) : Below(128);
     const ValueType type = TypeOfId(id);

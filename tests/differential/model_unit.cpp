@@ -17,7 +17,7 @@ std::size_t FindSeparator(const std::string& text) {
 // The text up to the first separator, which is taken off with it.
 std::string TakePart(std::string* rest) {
   const std::size_t at = FindSeparator(*rest);
-  const std::string part = rest->substr(0, at);
+  std::string part = rest->substr(0, at);
   *rest = at == std::string::npos ? std::string() : rest->substr(at + 1);
   return part;
 }

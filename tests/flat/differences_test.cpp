@@ -60,7 +60,7 @@ TEST_F(Differences, EverySingleByteThatIsNoUtf8IsStoredOrRefused) {
   const bool stored = Documented("bytes that are no UTF-8") == "stored";
   for (int byte = 0x80; byte <= 0xFF; ++byte) {
     const std::string name(1, static_cast<char>(byte));
-    EXPECT_EQ(AddStation(name.c_str()), stored ? 0 : 6) << byte;
+    EXPECT_EQ(AddStation(name), stored ? 0 : 6) << byte;
   }
   EXPECT_EQ(Raw().Count("TStation", "tStatSName IS NULL"), 0);
   EXPECT_EQ(Raw().Count("TStation"), stored ? 129 : 1);

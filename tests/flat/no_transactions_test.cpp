@@ -20,7 +20,7 @@ namespace {
 // What an empty Access file begins with: the pages behind its first one are never looked at here.
 void WriteAccessFile(const std::filesystem::path& path) {
   constexpr char kHead[] = "\0\1\0\0Standard Jet DB\0\1\0\0";
-  constexpr std::size_t kPages = 5 * 4096;
+  constexpr std::size_t kPages = std::size_t{5} * 4096;
   std::string content(kHead, sizeof kHead);
   content.resize(kPages, '\0');
   std::ofstream(path, std::ios::binary) << content;

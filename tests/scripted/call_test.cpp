@@ -28,7 +28,7 @@ class Calling : public PlayTest {
   // Opens a set on the call and tells what that threw; a set that threw must be closed.
   Thrown Open() {
     CalledPlay set(&m_database);
-    const Thrown thrown = Catch([&] { set.Open(); });
+    Thrown thrown = Catch([&] { set.Open(); });
     EXPECT_EQ(set.IsOpen() == FALSE, thrown.code != 0);
     return thrown;
   }

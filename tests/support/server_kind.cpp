@@ -16,7 +16,7 @@ namespace support {
 ServerKind::ServerKind() : m_process(getpid()) {}
 
 std::string ServerKind::Acquire(const std::filesystem::path& folder, Tables tables) const {
-  const std::string database = folder.filename();
+  std::string database = folder.filename();
   if (m_made.contains(database)) return database;
   Make(database, tables);
   DropAllAtExit();

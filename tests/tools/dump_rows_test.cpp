@@ -81,9 +81,9 @@ TEST(DumpRowsTest, CopiedRowsAreAddedUpByTheirTables) {
 }
 
 TEST(DumpRowsTest, InsertedRowsAreAddedUpByTheirTables) {
+  const std::string head = "INSERT INTO `tpatientraw` (`name`, `key`, `born`) VALUES ";
   const Insert dump({"-- MariaDB dump", kInsertHead, "(1,'Ann'),", "(2,'Bob');", "UNLOCK TABLES;",
-                     "INSERT INTO `tpatientraw` (`name`, `key`, `born`) VALUES ('Eve',7,'1960-02-29'),"
-                     "('Max',8,NULL);"});
+                     head + "('Eve',7,'1960-02-29'),('Max',8,NULL);"});
   EXPECT_TRUE(dump.Holds("TDoctor", {
                                         {"2", "Bob"},
                                         {"1", "Ann"}

@@ -226,7 +226,7 @@ TEST(CDBTimeStamp, UnrepresentableValuesCompareByTheirFields) {
 
 TEST(CDBTimeStamp, ConvertsImplicitlyToThePlainStructure) {
   const CDBTimeStamp value(kPlain);
-  const TIMESTAMP_STRUCT plain = value;
+  const TIMESTAMP_STRUCT plain = value;  // NOLINT(cppcoreguidelines-slicing): what callers do
   ExpectFields(plain, kPlain);
 }
 

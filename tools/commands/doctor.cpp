@@ -57,7 +57,7 @@ Facts CheckDatabase(const Login& login, const Source& source, Findings& findings
     return {};
   }
   CDatabase& database = *DB_GetDatabase();
-  const Facts facts = FactsOf(database, source);
+  Facts facts = FactsOf(database, source);
   CheckAbilities(database, findings);
   CheckPractice(database, login.owner, findings);
   CheckEncoding(database, source, findings);

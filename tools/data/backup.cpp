@@ -39,6 +39,7 @@ Manifest Proved(PracticeDatabase& database, const std::vector<Shape>& shapes, co
 // Lets nobody write until it is unlocked.
 void LockTables(PracticeDatabase& database) {
   std::vector<std::string> locks;
+  locks.reserve(std::size(kTableNames));
   for (const char* table : kTableNames) locks.push_back(database.Name(table) + " READ");
   database.Execute(fmt::format("LOCK TABLES {}", fmt::join(locks, ", ")), "locking the tables for a moment");
 }

@@ -91,6 +91,7 @@ std::vector<std::string> OtherSchemas(PracticeDatabase& database) {
 
 std::vector<Shape> ShapesOf(PracticeDatabase& database) {
   std::vector<Shape> shapes;
+  shapes.reserve(std::size(kTableNames));
   for (const char* table : kTableNames) shapes.push_back(ShapeOf(database, table));
   return shapes;
 }

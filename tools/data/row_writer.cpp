@@ -9,7 +9,8 @@
 
 namespace {
 
-constexpr std::size_t kStatementBytes = 256 * 1024;  // servers refuse statements of some megabytes
+constexpr std::size_t kStatementBytes =
+    std::size_t{256} * 1024;  // servers refuse statements of some megabytes
 
 bool IsNumber(std::string_view text) {
   if (text.starts_with('-')) text.remove_prefix(1);
@@ -47,7 +48,7 @@ std::string RowWriter::Values(const Row& row) const {
 }
 
 // As many rows as make a statement that every server takes.
-std::string RowWriter::Statement(Iterator& row, Iterator end) const {
+std::string RowWriter::Statement(Iterator& row, const Iterator& end) const {
   std::string sql = fmt::format("INSERT INTO {} ({}) VALUES", m_database.Name(m_shape.table),
                                 fmt::join(m_shape.columns, ", "));
   const char* before = " ";

@@ -19,7 +19,7 @@ class RowWriter {
  private:
   using Iterator = std::deque<Row>::const_iterator;
 
-  std::string Statement(Iterator& row, Iterator end) const;
+  std::string Statement(Iterator& row, const Iterator& end) const;
   std::string Values(const Row& row) const;
 
   PracticeDatabase& m_database;

@@ -10,7 +10,7 @@ namespace {
 
 std::string First(const Source& source, std::initializer_list<const char*> keys) {
   for (const char* key : keys) {
-    const std::string value = source.Option(key);
+    std::string value = source.Option(key);
     if (!value.empty()) return value;
   }
   return {};

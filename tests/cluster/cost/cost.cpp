@@ -137,7 +137,8 @@ Target TargetAt(
 
 std::function<void()> SetsSyncWait(const Place& place, const char* value) {
   std::string connection = "DRIVER=" + support::CurrentKind().DriverFile();
-  for (const auto& [name, option] : place.options) connection += ";" + name + "=" + option;
+  for (const auto& [name, option] : place.options)
+    connection.append(";").append(name).append("=").append(option);
   connection += ";UID=practice;PWD=secret";
   return [=] { support::RawOdbc(connection).Exec(std::string("SET GLOBAL wsrep_sync_wait = ") + value); };
 }
@@ -180,7 +181,7 @@ void Run(int turns) {
 
 int main(int arguments, char** values) {
   try {
-    Run(arguments > 1 ? std::atoi(values[1]) : 20);
+    Run(arguments > 1 ? static_cast<int>(std::strtol(values[1], nullptr, 10)) : 20);
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());
   }
