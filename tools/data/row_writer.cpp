@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr std::size_t kStatementBytes =
-    std::size_t{256} * 1024;  // servers refuse statements of some megabytes
+// Servers refuse statements of some megabytes.
+constexpr std::size_t kStatementBytes = std::size_t{256} * 1024;
 
 bool IsNumber(std::string_view text) {
   if (text.starts_with('-')) text.remove_prefix(1);
