@@ -55,9 +55,7 @@ void PutElectronics(std::string_view packed, tagTUNIT* unit) {
   PutText(unit->szGenSNo, packed);
 }
 
-// The mark in front is skipped, whatever it is.
 void PutControls(std::string_view packed, tagTUNIT* unit) {
-  if (!packed.empty()) packed.remove_prefix(1);
   PutText(unit->szCtrlElemSNo, TakePart(&packed));
   PutText(unit->szConeSNo, packed);
 }
@@ -72,7 +70,9 @@ tagTUNIT ToUnit(const tagPATIENTCOMPACT& record) {
   PutName(FieldText(record.szName), &unit);
   PutElectronics(FieldText(record.szFirstname), &unit);
   PutText(unit.szTubeSNo, FieldText(record.szDrName));
-  PutControls(FieldText(record.szIdent), &unit);
+  // The mark in front is skipped, whatever it is: a zero byte ends nothing there.
+  const char* const controls = record.szIdent + 1;
+  PutControls({controls, text::FieldLength(controls, sizeof record.szIdent - 1)}, &unit);
   return unit;
 }
 

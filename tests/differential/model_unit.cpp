@@ -36,8 +36,7 @@ Packed UnitOf(const Packed& compact) {
   unit.SetText("szSensSNo", TakePart(&numbers));
   unit.SetText("szGenSNo", numbers);
   unit.SetText("szTubeSNo", compact.Text("szDrName"));
-  std::string ident = compact.Text("szIdent");
-  if (!ident.empty()) ident.erase(0, 1);
+  std::string ident = compact.Text("szIdent", 1);
   unit.SetText("szCtrlElemSNo", TakePart(&ident));
   unit.SetText("szConeSNo", ident);
   unit.SetMoment("dAccept",

@@ -27,10 +27,10 @@ int Packed::Number(int field) const {
   return static_cast<int>(value);
 }
 
-std::string Packed::Text(int field) const {
+std::string Packed::Text(int field, int skipped) const {
   const Field& at = At(field);
-  const char* start = m_bytes.data() + at.offset;
-  const auto width = static_cast<std::size_t>(at.width);
+  const char* start = m_bytes.data() + at.offset + skipped;
+  const auto width = static_cast<std::size_t>(at.width - skipped);
   return Cut({start, strnlen(start, width)}, width - 1);
 }
 

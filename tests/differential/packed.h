@@ -25,10 +25,11 @@ class Packed {
 
   int Number(int field) const;
   // Up to its zero byte; one byte less than the field when there is none.
-  std::string Text(int field) const;
+  // The bytes skipped may be zero bytes.
+  std::string Text(int field, int skipped = 0) const;
   Time Moment(int field) const;
   int Number(const char* name) const { return Number(m_layout->Index(name)); }
-  std::string Text(const char* name) const { return Text(m_layout->Index(name)); }
+  std::string Text(const char* name, int skipped = 0) const { return Text(m_layout->Index(name), skipped); }
   Time Moment(const char* name) const { return Moment(m_layout->Index(name)); }
 
   void SetNumber(int field, int value);

@@ -70,7 +70,7 @@ class CompactUnitRoundTrips : public support::ConnectedTest {
     tagPATIENTCOMPACT record = Packed(unit);
     compact::FillRest(&m_draw, &record);
     record.bySex = static_cast<BYTE>(m_draw.Number(0, 255));
-    record.szIdent[0] = m_draw.Of<char>({']', '}', '*', ' '});
+    record.szIdent[0] = m_draw.Of<char>({']', '}', '*', ' ', '\0'});
     if (unit.body.empty() && m_draw.OneIn(2)) SetText(record.szName, unit.name);
     if (unit.cone.empty() && m_draw.OneIn(2)) SetText(record.szIdent, "]" + unit.control_element);
     if (unit.generator.empty() && m_draw.OneIn(2))

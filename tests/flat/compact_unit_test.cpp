@@ -45,6 +45,19 @@ class CompactUnits : public support::ConnectedTest {
   }
 };
 
+TEST_F(CompactUnits, WhateverStandsWhereTheMarkBelongsIsSkipped) {
+  tagPATIENTCOMPACT record = Unit();
+  for (const char mark : {'\0', 'x', '\xBB'}) {
+    SetText(record.szName, "Unit " + std::to_string(mark));
+    record.dwID = 0;
+    record.szIdent[0] = mark;
+    ASSERT_EQ(DB_AddNewUnit(&record), 0);
+    const tagTUNIT stored = Stored(record.dwID);
+    EXPECT_EQ(Text(stored.szCtrlElemSNo), "ELEM");
+    EXPECT_EQ(Text(stored.szConeSNo), "CONE");
+  }
+}
+
 TEST_F(CompactUnits, AddStoresEveryPackedText) {
   const tagTUNIT stored = Stored(Added().dwID);
   EXPECT_EQ(Text(stored.szName), "Unit A");
