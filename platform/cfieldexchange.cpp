@@ -26,6 +26,10 @@ void FieldAccess::Exchange(CFieldExchange* exchange, const FieldRef& ref) {
   if (!set.m_fields->IsBuffered(index)) set.m_columnsRead.push_back(static_cast<short>(index));
 }
 
+void FieldAccess::ExchangeDay(CFieldExchange* exchange, const char* name, TIMESTAMP_STRUCT& value) {
+  Exchange(exchange, {name, FieldKind::kDate, &value, 0, true});
+}
+
 void RFX_Long(CFieldExchange* exchange, const char* name, LONG& value) {
   FieldAccess::Exchange(exchange, {name, FieldKind::kLong, &value, 0});
 }

@@ -33,9 +33,7 @@ SWORD FetchType(FieldKind kind) {
 
 }  // namespace
 
-bool IsDateColumn(const Field& field) {
-  return field.column.m_nSQLType == SQL_TYPE_DATE || field.column.m_nSQLType == SQL_DATE;
-}
+bool IsDateColumn(const Field& field) { return field.only_day || IsDateType(field.column.m_nSQLType); }
 
 void RowFields::BeginAdding(const CString& tables) {
   m_added = 0;
@@ -57,7 +55,8 @@ void RowFields::Add(const FieldRef& ref) {
   const char* const name = ref.name == nullptr ? "" : ref.name;
   if (m_added < m_fields.size()) {
     Field& field = m_fields[m_added];
-    if (field.kind == ref.kind && field.max_length == max_length && std::strcmp(field.name, name) == 0) {
+    if (field.kind == ref.kind && field.max_length == max_length && field.only_day == ref.only_day &&
+        std::strcmp(field.name, name) == 0) {
       field.member = ref.member;
       field.null = field.nulled = field.forced = field.unassigned = field.dirty = false;
       ++m_added;
@@ -70,6 +69,7 @@ void RowFields::Add(const FieldRef& ref) {
   field.kind = ref.kind;
   field.member = ref.member;
   field.max_length = max_length;
+  field.only_day = ref.only_day;
   m_fields.push_back(std::move(field));
   ++m_added;
 }

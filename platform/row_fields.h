@@ -22,7 +22,8 @@ struct FieldRef {
   const char* name;
   FieldKind kind;
   void* member;
-  int max_length;  // bytes of a text
+  int max_length;         // bytes of a text
+  bool only_day = false;  // of a date: it has no time of day
 };
 
 // Where the columns of a fetched row land. A kept statement stays bound to it.
@@ -37,6 +38,7 @@ struct Field {
   FieldKind kind = FieldKind::kLong;
   void* member = nullptr;
   int max_length = 0;
+  bool only_day = false;
   CODBCFieldInfo column;  // as described by the driver
 
   std::size_t offset = 0;    // of the value in the fetch buffer
@@ -136,7 +138,8 @@ class RowFields {
   std::map<SQLLEN, std::map<std::size_t, FieldValue>> m_edits;
 };
 
-// Date columns have no time of day.
+inline bool IsDateType(SWORD type) { return type == SQL_TYPE_DATE || type == SQL_DATE; }
+// Dates without a time of day: those named so, and those in a column of such a type.
 bool IsDateColumn(const Field& field);
 
 #endif

@@ -30,7 +30,7 @@ void SetDate(const Field& field, const TIMESTAMP_STRUCT& time, odbc::Parameter* 
 }
 
 SWORD DateParameterType(const Field& field) {
-  if (IsDateColumn(field)) return SQL_TYPE_DATE;
+  if (IsDateType(field.column.m_nSQLType)) return SQL_TYPE_DATE;
   return IsTimestampType(field.column.m_nSQLType) ? SQL_TYPE_TIMESTAMP : SQL_VARCHAR;
 }
 

@@ -23,7 +23,8 @@ enum class Kind {
   kNumber,    // 32-bit integer
   kOrdinal,   // 32-bit member, unsigned 16-bit field
   kFlag,      // 0 or 1
-  kDate,      // date, or date and time
+  kDay,       // date without a time of day, whatever type the database gives the column
+  kTime,      // date and time
   kText,      // at most 255 bytes
   kLongText,  // at most 1,000,000 bytes
 };
@@ -33,7 +34,8 @@ constexpr bool Fits(Kind kind, Slot slot) {
   switch (kind) {
     case Kind::kOrdinal:
       return slot.size == sizeof(WORD);
-    case Kind::kDate:
+    case Kind::kDay:
+    case Kind::kTime:
       return slot.size == sizeof(TIMESTAMP_STRUCT);
     case Kind::kText:
     case Kind::kLongText:
@@ -62,7 +64,7 @@ struct Column {
   }
   consteval Column(const char* n, Kind k, TIMESTAMP_STRUCT Set::*member, Slot s, DWORD b)
       : name(n), kind(k), slot(s), bit(b), date(member) {
-    Require(k == Kind::kDate);
+    Require(k == Kind::kDay || k == Kind::kTime);
   }
   consteval Column(const char* n, Kind k, CString Set::*member, Slot s, DWORD b)
       : name(n), kind(k), slot(s), bit(b), text(member) {

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "platform/cfieldexchange.h"
+#include "platform/field_access.h"
 #include "platform/text.h"
 #include "recset/column.h"
 #include "recset/kyrecset.h"
@@ -25,7 +26,9 @@ void ExchangeOne(Object& object, const Row& column, CFieldExchange* exchange) {
       return RFX_Int(exchange, column.name, object.*column.number);
     case Kind::kFlag:
       return RFX_Bool(exchange, column.name, object.*column.number);
-    case Kind::kDate:
+    case Kind::kDay:
+      return FieldAccess::ExchangeDay(exchange, column.name, object.*column.date);
+    case Kind::kTime:
       return RFX_Date(exchange, column.name, object.*column.date);
     case Kind::kText:
       return RFX_Text(exchange, column.name, object.*column.text, kTextMaximum);

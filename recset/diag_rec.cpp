@@ -13,7 +13,7 @@ constexpr Column<CDiagRec> kColumns[] = {
     {tDiagSRegio,         Kind::kText,     &CDiagRec::m_strRegio, SLOT(tagTDIAGNOSIS, szRegio), 0x4 },
     {tDiagSCode,          Kind::kText,     &CDiagRec::m_strCode,  SLOT(tagTDIAGNOSIS, szCode),  0x10},
     {tDiagSText,          Kind::kLongText, &CDiagRec::m_strText,  SLOT(tagTDIAGNOSIS, szText),  0x20},
-    {tDiagTs,             Kind::kDate,     &CDiagRec::m_ts,       SLOT(tagTDIAGNOSIS, ts),      0x8 },
+    {tDiagTs,             Kind::kTime,     &CDiagRec::m_ts,       SLOT(tagTDIAGNOSIS, ts),      0x8 },
 };
 
 constexpr FieldId kFieldIds[] = {

@@ -12,7 +12,7 @@ constexpr Column<CGrpRec> kColumns[] = {
     {tGrpCulIntGrpIDPk, Kind::kKey,     &CGrpRec::m_lID,        SLOT(tagTGROUP, lGrpID),    0   },
     {tGrpCulIntPatIDFk, Kind::kNumber,  &CGrpRec::m_lPatID,     SLOT(tagTGROUP, lPatID),    0x1 },
     {tGrpUwMakNo,       Kind::kOrdinal, &CGrpRec::m_nMakNo,     SLOT(tagTGROUP, wMakNo),    0x20},
-    {tGrpTs,            Kind::kDate,    &CGrpRec::m_ts,         SLOT(tagTGROUP, ts),        0x4 },
+    {tGrpTs,            Kind::kTime,    &CGrpRec::m_ts,         SLOT(tagTGROUP, ts),        0x4 },
     {tGrpSName,         Kind::kText,    &CGrpRec::m_strName,    SLOT(tagTGROUP, szName),    0x2 },
     {tGrpSFile,         Kind::kText,    &CGrpRec::m_strFile,    SLOT(tagTGROUP, szFile),    0x10},
     {tGrpSLoc,          Kind::kText,    &CGrpRec::m_strLoc,     SLOT(tagTGROUP, szLoc),     0x8 },

@@ -14,8 +14,8 @@ constexpr Column<CImgRec> kColumns[] = {
     {tImgCulIntDrIDFk,    Kind::kNumber, &CImgRec::m_lDrID,        SLOT(tagTIMAGE, lDrID),       0x4     },
     {tImgCulIntPatIDFk,   Kind::kNumber, &CImgRec::m_lPatID,       SLOT(tagTIMAGE, lPatID),      0x1     },
     {tImgCulIntUnitIDFk,  Kind::kNumber, &CImgRec::m_lUnitID,      SLOT(tagTIMAGE, lUnitID),     0x2     },
-    {tImgDArcIn,          Kind::kDate,   &CImgRec::m_dArcIn,       SLOT(tagTIMAGE, dArcIn),      0x10000 },
-    {tImgDArcOut,         Kind::kDate,   &CImgRec::m_dArcOut,      SLOT(tagTIMAGE, dArcOut),     0x8000  },
+    {tImgDArcIn,          Kind::kDay,    &CImgRec::m_dArcIn,       SLOT(tagTIMAGE, dArcIn),      0x10000 },
+    {tImgDArcOut,         Kind::kDay,    &CImgRec::m_dArcOut,      SLOT(tagTIMAGE, dArcOut),     0x8000  },
     {tImgSArcType,        Kind::kText,   &CImgRec::m_strArcType,   SLOT(tagTIMAGE, szArcType),   0x800   },
     {tImgSArcFile,        Kind::kText,   &CImgRec::m_strArcFile,   SLOT(tagTIMAGE, szArcFile),   0x2000  },
     {tImgSArcLoc,         Kind::kText,   &CImgRec::m_strArcLoc,    SLOT(tagTIMAGE, szArcLoc),    0x1000  },
@@ -31,7 +31,7 @@ constexpr Column<CImgRec> kColumns[] = {
     {tImgSPvwLoc,         Kind::kText,   &CImgRec::m_strPvwLoc,    SLOT(tagTIMAGE, szPvwLoc),    0x20000 },
     {tImgSRegio,          Kind::kText,   &CImgRec::m_strRegio,     SLOT(tagTIMAGE, szRegio),     0x10    },
     {tImgSType,           Kind::kText,   &CImgRec::m_strType,      SLOT(tagTIMAGE, szType),      0x8     },
-    {tImgTs,              Kind::kDate,   &CImgRec::m_ts,           SLOT(tagTIMAGE, ts),          0x40    },
+    {tImgTs,              Kind::kTime,   &CImgRec::m_ts,           SLOT(tagTIMAGE, ts),          0x40    },
     {tImgCulIntMakIDLast, Kind::kNumber, &CImgRec::m_lMakIDLast,   SLOT(tagTIMAGE, lMakIDLast),  0x200000},
 };
 

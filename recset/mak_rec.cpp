@@ -15,7 +15,7 @@ constexpr Column<CMakRec> kColumns[] = {
     {tMakSLoc,          Kind::kText,    &CMakRec::m_strLoc,  SLOT(tagTMAKRO, szLoc),  0x10},
     {tMakSName,         Kind::kText,    &CMakRec::m_strName, SLOT(tagTMAKRO, szName), 0x2 },
     {tMakUwNo,          Kind::kOrdinal, &CMakRec::m_nNo,     SLOT(tagTMAKRO, wNo),    0x20},
-    {tMakTsLast,        Kind::kDate,    &CMakRec::m_tsLast,  SLOT(tagTMAKRO, tsLast), 0   },
+    {tMakTsLast,        Kind::kTime,    &CMakRec::m_tsLast,  SLOT(tagTMAKRO, tsLast), 0   },
 };
 
 constexpr FieldId kFieldIds[] = {

@@ -11,7 +11,7 @@ namespace {
 constexpr Column<CPatRec> kColumns[] = {
     {tPatCulIntDrIDFk,  Kind::kNumber, &CPatRec::m_lDrID,        SLOT(tagTPATIENT, lDrID),       0x1   },
     {tPatCulIntPatIDPk, Kind::kKey,    &CPatRec::m_lID,          SLOT(tagTPATIENT, lPatID),      0     },
-    {tPatDBirthday,     Kind::kDate,   &CPatRec::m_dBirthday,    SLOT(tagTPATIENT, dBirthday),   0x80  },
+    {tPatDBirthday,     Kind::kDay,    &CPatRec::m_dBirthday,    SLOT(tagTPATIENT, dBirthday),   0x80  },
     {tPatFSelect,       Kind::kFlag,   &CPatRec::m_bSelect,      SLOT(tagTPATIENT, lSelect),     0x200 },
     {tPatSExtPatID,     Kind::kText,   &CPatRec::m_strExtPatID,  SLOT(tagTPATIENT, szExtPatID),  0x2   },
     {tPatSFirstname,    Kind::kText,   &CPatRec::m_strFirstname, SLOT(tagTPATIENT, szFirstname), 0x40  },
@@ -20,9 +20,9 @@ constexpr Column<CPatRec> kColumns[] = {
     {tPatSSlidaID,      Kind::kText,   &CPatRec::m_strSlidaID,   SLOT(tagTPATIENT, szSlidaID),   0x8   },
     {tPatSSocID,        Kind::kText,   &CPatRec::m_strSocID,     SLOT(tagTPATIENT, szSocID),     0x10  },
     {tPatSSrvID,        Kind::kText,   &CPatRec::m_strSrvID,     SLOT(tagTPATIENT, szSrvID),     0x4   },
-    {tPatDEntry,        Kind::kDate,   &CPatRec::m_dEntry,       SLOT(tagTPATIENT, dEntry),      0x400 },
+    {tPatDEntry,        Kind::kDay,    &CPatRec::m_dEntry,       SLOT(tagTPATIENT, dEntry),      0x400 },
     {tPatSIDDisp,       Kind::kText,   &CPatRec::m_strIDDisp,    SLOT(tagTPATIENT, szIDDisp),    0x800 },
-    {tPatTsLastDisp,    Kind::kDate,   &CPatRec::m_tsLastDisp,   SLOT(tagTPATIENT, tsLastDisp),  0x1000},
+    {tPatTsLastDisp,    Kind::kTime,   &CPatRec::m_tsLastDisp,   SLOT(tagTPATIENT, tsLastDisp),  0x1000},
 };
 
 constexpr FieldId kFieldIds[] = {

@@ -16,7 +16,7 @@ constexpr Column<CPatExRec> kColumns[] = {
     {"tp.tPatCulIntPatIDPk", Kind::kKey,    &CPatExRec::m_lID,          SLOT(tagTPATIENTEX, lPatID),      0},
     {"tp.tPatCulIntDrIDFk",  Kind::kNumber, &CPatExRec::m_lDrID,        SLOT(tagTPATIENTEX, lDrID),       0},
     {"td.tDrSName",          Kind::kText,   &CPatExRec::m_strDrName,    SLOT(tagTPATIENTEX, szDrName),    0},
-    {"tp.tPatDBirthday",     Kind::kDate,   &CPatExRec::m_dBirthday,    SLOT(tagTPATIENTEX, dBirthday),   0},
+    {"tp.tPatDBirthday",     Kind::kDay,    &CPatExRec::m_dBirthday,    SLOT(tagTPATIENTEX, dBirthday),   0},
     {"tp.tPatFSelect",       Kind::kFlag,   &CPatExRec::m_bSelect,      SLOT(tagTPATIENTEX, lSelect),     0},
     {"tp.tPatSExtPatID",     Kind::kText,   &CPatExRec::m_strExtPatID,  SLOT(tagTPATIENTEX, szExtPatID),  0},
     {"tp.tPatSFirstname",    Kind::kText,   &CPatExRec::m_strFirstname, SLOT(tagTPATIENTEX, szFirstname), 0},
@@ -25,9 +25,9 @@ constexpr Column<CPatExRec> kColumns[] = {
     {"tp.tPatSSocID",        Kind::kText,   &CPatExRec::m_strSocID,     SLOT(tagTPATIENTEX, szSocID),     0},
     {"tp.tPatSSrvID",        Kind::kText,   &CPatExRec::m_strSrvID,     SLOT(tagTPATIENTEX, szSrvID),     0},
     {"tp.tPatSSlidaID",      Kind::kText,   &CPatExRec::m_strSlidaID,   SLOT(tagTPATIENTEX, szSlidaID),   0},
-    {"tp.tPatDEntry",        Kind::kDate,   &CPatExRec::m_dEntry,       SLOT(tagTPATIENTEX, dEntry),      0},
+    {"tp.tPatDEntry",        Kind::kDay,    &CPatExRec::m_dEntry,       SLOT(tagTPATIENTEX, dEntry),      0},
     {"tp.tPatSIDDisp",       Kind::kText,   &CPatExRec::m_strIDDisp,    SLOT(tagTPATIENTEX, szIDDisp),    0},
-    {"tp.tPatTsLastDisp",    Kind::kDate,   &CPatExRec::m_tsLastDisp,   SLOT(tagTPATIENTEX, tsLastDisp),  0},
+    {"tp.tPatTsLastDisp",    Kind::kTime,   &CPatExRec::m_tsLastDisp,   SLOT(tagTPATIENTEX, tsLastDisp),  0},
 };
 
 constexpr LONG kDoctorName = 20;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr Column<CUnitRec> kColumns[] = {
     {tUnitCulIntUnitIDPk, Kind::kKey,  &CUnitRec::m_lID,            SLOT(tagTUNIT, lUnitID),       0    },
-    {tUnitDAccept,        Kind::kDate, &CUnitRec::m_dAccept,        SLOT(tagTUNIT, dAccept),       0x4  },
+    {tUnitDAccept,        Kind::kDay,  &CUnitRec::m_dAccept,        SLOT(tagTUNIT, dAccept),       0x4  },
     {tUnitSName,          Kind::kText, &CUnitRec::m_strName,        SLOT(tagTUNIT, szName),        0x2  },
     {tUnitSType,          Kind::kText, &CUnitRec::m_strType,        SLOT(tagTUNIT, szType),        0x1  },
     {tUnitSConeSNo,       Kind::kText, &CUnitRec::m_strConeSNo,     SLOT(tagTUNIT, szConeSNo),     0x100},

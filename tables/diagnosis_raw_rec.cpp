@@ -10,7 +10,7 @@ constexpr RawColumn<CTDiagRaw> kColumns[] = {
     {tDiagCulIntImgIDFk,  Kind::kNumber,   &CTDiagRaw::m_lImgID,         CDiagRawRec::kImgID      },
     {tDiagCulIntDrIDFk,   Kind::kNumber,   &CTDiagRaw::m_lDrID,          CDiagRawRec::kDrID       },
     {tDiagSRegio,         Kind::kText,     &CTDiagRaw::m_strRegio,       CDiagRawRec::kRegio      },
-    {tDiagTs,             Kind::kDate,     &CTDiagRaw::m_ts,             CDiagRawRec::kTime       },
+    {tDiagTs,             Kind::kTime,     &CTDiagRaw::m_ts,             CDiagRawRec::kTime       },
     {tDiagSCode,          Kind::kText,     &CTDiagRaw::m_strCode,        CDiagRawRec::kCode       },
     {tDiagSText,          Kind::kLongText, &CTDiagRaw::m_strText,        CDiagRawRec::kText       },
     {tDiagSResponsible,   Kind::kText,     &CTDiagRaw::m_strResponsible, CDiagRawRec::kResponsible},

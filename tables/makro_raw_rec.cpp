@@ -10,13 +10,13 @@ constexpr RawColumn<CTMakRaw> kColumns[] = {
     {tMakCulIntMakIDPk, Kind::kKey,      &CTMakRaw::m_lMakID,   0                      },
     {tMakCulIntImgIDFk, Kind::kNumber,   &CTMakRaw::m_lImgID,   CMakRawRec::kImgID     },
     {tMakSName,         Kind::kText,     &CTMakRaw::m_strName,  CMakRawRec::kName      },
-    {tMakTsLast,        Kind::kDate,     &CTMakRaw::m_tsLast,   CMakRawRec::kTimeLast  },
+    {tMakTsLast,        Kind::kTime,     &CTMakRaw::m_tsLast,   CMakRawRec::kTimeLast  },
     {tMakSLoc,          Kind::kText,     &CTMakRaw::m_strLoc,   CMakRawRec::kLoc       },
     {tMakSFile,         Kind::kText,     &CTMakRaw::m_strFile,  CMakRawRec::kFile      },
     {tMakUwNo,          Kind::kNumber,   &CTMakRaw::m_lNo,      CMakRawRec::kNo        },
     {tMakSAdd,          Kind::kLongText, &CTMakRaw::m_strAdd,   CMakRawRec::kAdd       },
     {tMakSRegio,        Kind::kText,     &CTMakRaw::m_strRegio, CMakRawRec::kRegio     },
-    {tMakTsCreate,      Kind::kDate,     &CTMakRaw::m_tsCreate, CMakRawRec::kTimeCreate},
+    {tMakTsCreate,      Kind::kTime,     &CTMakRaw::m_tsCreate, CMakRawRec::kTimeCreate},
 };
 
 // Mask bits of the natural key.

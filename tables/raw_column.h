@@ -27,7 +27,7 @@ struct RawColumn {
   }
   consteval RawColumn(const char* n, Kind k, TIMESTAMP_STRUCT Record::*member, LONG b)
       : name(n), kind(k), bit(b), date(member) {
-    Require(k == Kind::kDate);
+    Require(k == Kind::kDay || k == Kind::kTime);
   }
   consteval RawColumn(const char* n, Kind k, CString Record::*member, LONG b)
       : name(n), kind(k), bit(b), text(member) {

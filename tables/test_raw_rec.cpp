@@ -14,7 +14,7 @@ constexpr RawColumn<CTTestRaw> kColumns[] = {
     {tTstSType,          Kind::kText,     &CTTestRaw::m_strType,    CTestRawRec::kType   },
     {tTstSRegio,         Kind::kText,     &CTTestRaw::m_strRegio,   CTestRawRec::kRegio  },
     {tTstSName,          Kind::kText,     &CTTestRaw::m_strName,    CTestRawRec::kName   },
-    {tTstTs,             Kind::kDate,     &CTTestRaw::m_ts,         CTestRawRec::kTime   },
+    {tTstTs,             Kind::kTime,     &CTTestRaw::m_ts,         CTestRawRec::kTime   },
     {tTstSResult,        Kind::kLongText, &CTTestRaw::m_strResult,  CTestRawRec::kResult },
     {tTstSLoc,           Kind::kText,     &CTTestRaw::m_strLoc,     CTestRawRec::kLoc    },
     {tTstSFile,          Kind::kText,     &CTTestRaw::m_strFile,    CTestRawRec::kFile   },
@@ -22,8 +22,8 @@ constexpr RawColumn<CTTestRaw> kColumns[] = {
     {tTstSArcFile,       Kind::kText,     &CTTestRaw::m_strFile,    0                    },
     {tTstSArcVol,        Kind::kText,     &CTTestRaw::m_strArcVol,  CTestRawRec::kArcVol },
     {tTstSArcType,       Kind::kText,     &CTTestRaw::m_strArcType, CTestRawRec::kArcType},
-    {tTstDArcOut,        Kind::kDate,     &CTTestRaw::m_dArcOut,    CTestRawRec::kArcOut },
-    {tTstDArcIn,         Kind::kDate,     &CTTestRaw::m_dArcIn,     CTestRawRec::kArcIn  },
+    {tTstDArcOut,        Kind::kDay,      &CTTestRaw::m_dArcOut,    CTestRawRec::kArcOut },
+    {tTstDArcIn,         Kind::kDay,      &CTTestRaw::m_dArcIn,     CTestRawRec::kArcIn  },
     {tTstSAdd,           Kind::kLongText, &CTTestRaw::m_strAdd,     CTestRawRec::kAdd    },
 };
 

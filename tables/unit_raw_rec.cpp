@@ -9,7 +9,7 @@ constexpr RawColumn<CTUnitRaw> kColumns[] = {
     {tUnitCulIntUnitIDPk, Kind::kKey,      &CTUnitRaw::m_lUnitID,        0                        },
     {tUnitSType,          Kind::kText,     &CTUnitRaw::m_strType,        CUnitRawRec::kType       },
     {tUnitSName,          Kind::kText,     &CTUnitRaw::m_strName,        CUnitRawRec::kName       },
-    {tUnitDAccept,        Kind::kDate,     &CTUnitRaw::m_dAccept,        CUnitRawRec::kAccept     },
+    {tUnitDAccept,        Kind::kDay,      &CTUnitRaw::m_dAccept,        CUnitRawRec::kAccept     },
     {tUnitSCtrlUnitSNo,   Kind::kText,     &CTUnitRaw::m_strCtrlUnitSNo, CUnitRawRec::kCtrlUnitSNo},
     {tUnitSSensSNo,       Kind::kText,     &CTUnitRaw::m_strSensSNo,     CUnitRawRec::kSensSNo    },
     {tUnitSGenSNo,        Kind::kText,     &CTUnitRaw::m_strGenSNo,      CUnitRawRec::kGenSNo     },
