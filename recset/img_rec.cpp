@@ -1,5 +1,7 @@
 #include "recset/img_rec.h"
 
+#include "platform/cdbexception.h"
+#include "platform/log.h"
 #include "platform/result_codes.h"
 #include "recset/column_ops.h"
 #include "recset/key_filter.h"
@@ -74,9 +76,14 @@ CString CImgRec::GetFieldName(LONG field, LONG* error) {
 
 // The patient is remembered before the delete: afterwards the members hold the following row.
 WORD CImgRec::DeleteByPos(LONG position) {
-  const WORD found = GetByPos(&position);
-  if (found != kOk) return IsGone(position) ? kDeleteFailed : found;
-  const LONG patient = m_lPatID;
+  LONG patient = 0;
+  try {
+    const WORD found = GetByPos(&position);
+    if (found != kOk) return IsGone(position) ? kDeleteFailed : found;
+    patient = m_lPatID;
+  } catch (CDBException* exception) {
+    return klog::Caught(exception, kDeleteFailed);
+  }
   const WORD deleted = CKyRecSet::DeleteByPos(0);
   if (deleted == kOk) upcalls::RefreshLastDisplay(m_pDatabase, m_strOwner, patient);
   return deleted;

@@ -213,6 +213,15 @@ TEST_F(ImageDeletes, AnImageWithoutAPatientIsDeletedAndNoPatientChanges) {
   EXPECT_EQ(LastDisplay("2"), "1995-01-01");
 }
 
+TEST_F(ImageDeletes, RowsThatCannotBeReadAgainGiveEightAsInEveryTable) {
+  CImgRec images(nullptr, nullptr);
+  OpenImages(images);
+  images.m_strFilter = " (no such column=1) ";
+  images.RequeryLater();
+  EXPECT_EQ(images.DeleteByPos(1), 8);
+  EXPECT_EQ(Raw().Count("TImage"), 3);
+}
+
 TEST_F(ImageDeletes, ARefusedDeleteGivesEightAndTouchesNoPatient) {
   CImgRec images(nullptr, nullptr);
   ASSERT_NE(images.Open(images.m_nOpenType, nullptr, CRecordset::readOnly), 0);
