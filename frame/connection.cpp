@@ -57,6 +57,16 @@ SecretText Password(std::string_view value) {
 // No data source can have such a name, and drivers do not agree on what it would mean.
 bool IsSourceName(const char* name) { return std::strpbrk(name, ";{}") == nullptr; }
 
+bool Answers(CDatabase& database) {
+  try {
+    database.ExecuteSQL("SELECT 1");
+    return true;
+  } catch (CDBException* exception) {
+    exception->Delete();
+    return false;
+  }
+}
+
 template <class Set>
 void CloseAndDestroy(Set*& set) {
   if (set == nullptr) return;
@@ -138,6 +148,25 @@ void CDBConnection::RememberBrowsing() {
       kept->sort_index = set->m_lSortIndex;
     }
     ++kept;
+  });
+}
+
+// A transaction with a refused statement in it may not let anything be read before it is rolled back: then the
+// sets keep their marks.
+void CDBConnection::ReadMarkedSets(const CKyRecSet* but, const CKyRecSet* nor) {
+  const auto is_due = [=](const CKyRecSet* set) {
+    return set != nullptr && set != but && set != nor && set->IsMarked();
+  };
+  bool due = false;
+  ForEachSet([&](const CKyRecSet* set) { due = due || is_due(set); });
+  if (!due || (m_pDatabase->InTransaction() && !Answers(*m_pDatabase))) return;
+  ForEachSet([&](CKyRecSet* set) {
+    if (!is_due(set)) return;
+    try {
+      set->CatchUp();
+    } catch (CDBException* exception) {
+      klog::Caught(exception, kDbException);
+    }
   });
 }
 

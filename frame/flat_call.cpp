@@ -97,8 +97,11 @@ WORD SetSortIndex(CKyRecSet* set, LONG sort_index, const char* function) {
 }
 
 WORD DeleteByPos(CKyRecSet* set, LONG position, const char* function) {
-  return Code(
-      set, [&] { return set->DeleteByPos(position); }, function);
+  const auto erase = [&] {
+    TheConnection().ReadMarkedSets(set, nullptr);
+    return set->DeleteByPos(position);
+  };
+  return Code(set, erase, function);
 }
 
 WORD MaxPos(CKyRecSet* set, LONG* count, const char* function) {

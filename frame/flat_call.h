@@ -141,12 +141,16 @@ WORD GetByPos(Set* set, LONG position, Record* record, const char* function = __
 // anybody looks at them.
 WORD RequeryAfter(WORD code, CKyRecSet* set, CKyRecSet* joined);
 
-// Runs `change`, a row operation with the caller's `record`.
+// Runs `change`, a row operation with the caller's `record`. Sets that earlier changes have marked and this one
+// does not are read before: their rows may be others behind it.
 template <class Call>
 WORD Change(CKyRecSet* set, CKyRecSet* joined, const void* record, Call change,
             const char* function = __builtin_FUNCTION()) {
-  return CodeWith(
-      set, record, [&] { return RequeryAfter(change(), set, joined); }, function);
+  const auto run = [&] {
+    TheConnection().ReadMarkedSets(set, joined);
+    return RequeryAfter(change(), set, joined);
+  };
+  return CodeWith(set, record, run, function);
 }
 
 template <class Set, class Record>
@@ -194,18 +198,21 @@ template <class Set>
 WORD Num(Set* set, LONG* count, const char* function = __builtin_FUNCTION()) {
   if (set != nullptr && count == nullptr) return kOk;
   const auto read = [&](LONG* number) {
+    // The owner given last, as for every other short-lived set: an initialisation that is refused because
+    // there is a connection stores its parameters all the same.
+    const CString owner = TheConnection().Owner();
     // With an owner a set counts by reading its own rows.
-    return set->m_strOwner.IsEmpty() ? set->GetNum(number)
-                                     : Set(set->m_pDatabase, set->m_strOwner).GetNum(number);
+    return owner.IsEmpty() && set->m_strOwner.IsEmpty() ? set->GetNum(number)
+                                                        : Set(set->m_pDatabase, owner).GetNum(number);
   };
   return Number(set, count, read, function);
 }
 
-// The newest key, through a set of its own.
+// The newest key, through a set of its own, with the owner given last.
 template <class Set>
 WORD LastID(const Set* set, LONG* id, const char* function = __builtin_FUNCTION()) {
   return Number(
-      set, id, [&](LONG* number) { return Set(set->m_pDatabase, set->m_strOwner).GetLastID(number); },
+      set, id, [&](LONG* number) { return Set(set->m_pDatabase, TheConnection().Owner()).GetLastID(number); },
       function);
 }
 

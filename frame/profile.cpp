@@ -55,7 +55,8 @@ bool Read(const char* key, const char* station, tagTCONFIG* setting) {
 }
 
 WORD Write(tagTCONFIG* setting) {
-  const CDBConnection& connection = TheConnection();
+  CDBConnection& connection = TheConnection();
+  connection.ReadMarkedSets();
   CCfgRec configs(connection.m_pDatabase, connection.Owner());
   if (setting->szSet[0] == '\0') return configs.DeleteRow(setting);
   const WORD code = configs.EditRow(setting, kSettingValue);

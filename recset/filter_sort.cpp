@@ -131,7 +131,9 @@ WORD CKyRecSet::SetFilter(LONG fields, LONG operators, void* value1, void* value
   CString clauses = " ((";
   const WORD result = AppendClauses(fields, operators, values, clauses);
   if (result != kOk) {
-    if (!m_strBaseFilter.IsEmpty()) m_strFilter = FillBaseFilter("", "");
+    if (m_strBaseFilter.IsEmpty()) return result;
+    CatchUp();  // with the filter that holds until the next one is accepted
+    m_strFilter = FillBaseFilter("", "");
     return result;
   }
   clauses += ")) ";
@@ -171,17 +173,22 @@ WORD CKyRecSet::AppendClauses(LONG fields, LONG operators, const void* const* va
 
 WORD CKyRecSet::SetSortIndex(LONG sort_index) {
   if (sort_index == m_lSortIndex) return kOk;
-  m_strSort.Empty();
+  CString sort;
   for (int slot = 0; slot < packed::kSlots; ++slot) {
     const LONG field = packed::Entry(sort_index, slot);
     // The comma stays when the field is not known: callers rely on the database refusing such an order.
-    if (!m_strSort.IsEmpty() && field != 0) m_strSort += ",";
+    if (!sort.IsEmpty() && field != 0) sort += ",";
     LONG error = 0;
-    m_strSort += GetFieldName(field, &error);
-    if (error != 0 && m_strSort.IsEmpty()) return static_cast<WORD>(error);
+    sort += GetFieldName(field, &error);
+    if (error != 0 && sort.IsEmpty()) {
+      CatchUp();  // in the order that the rows are in until the next one is accepted
+      m_strSort.Empty();
+      return static_cast<WORD>(error);
+    }
     if (error != 0) break;
-    if (packed::Flagged(sort_index, slot)) m_strSort += " DESC";
+    if (packed::Flagged(sort_index, slot)) sort += " DESC";
   }
+  m_strSort = sort;
   m_lSortIndex = sort_index;
   if (IsOpen()) RequeryNow();
   return kOk;

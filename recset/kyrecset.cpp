@@ -54,7 +54,7 @@ void CKyRecSet::RequeryNow() {
 }
 
 void CKyRecSet::CatchUp() {
-  if (m_bStale && IsOpen()) RequeryNow();
+  if (IsMarked()) RequeryNow();
 }
 
 // Puts the fetched row into the members and makes `position` the current one.

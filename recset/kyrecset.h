@@ -109,6 +109,7 @@ class KYODBC_API CKyRecSet : public CRecordset {
 
   // The rows of an open set may have changed: it is requeried before it is looked at again, and not before.
   void RequeryLater() { m_bStale = IsOpen(); }
+  bool IsMarked() const { return m_bStale != FALSE && IsOpen(); }
   // Requeries now what was to be requeried later. The operations of this class do so by themselves; a direct
   // look at the members of a set that others may have marked does not.
   void CatchUp();
@@ -148,7 +149,7 @@ class KYODBC_API CKyRecSet : public CRecordset {
 
   static CString WhereClause(const CString& filter);
   WORD CountByProbing(LONG* count);
-  LONG ProbeLastRow();
+  bool ProbeLastRow(LONG* row);
   LONG CountByQuery(const CString& where);
   bool ReadHighest(const CString& key, LONG* id);
   WORD ReadWholeTable(const CString& sort, void (CKyRecSet::*read)(LONG*), LONG* result);

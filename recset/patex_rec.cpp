@@ -132,9 +132,9 @@ LONG CPatExRec::SeekKey(LONG id) {
   patient.lPatID = id;
   CPatExRec target(m_pDatabase, m_strOwner);
   if (!IsOpen() || target.OpenOn(patient) != kOk) return 0;
-  if (const LONG found = FindKey(id); found > 0 && MoveToPos(found) != 0) return found;
   const Seek seek = SeekRow(target);
   if (seek.before.IsEmpty()) return CPatRec::MoveToIntID(id);
+  if (const LONG found = FindKey(id); found > 0 && MoveToPos(found) != 0) return found;
   LONG before = 0;
   if (CountWhere(seek.before, &before) != kOk) return 0;
   const LONG first = before + 1;

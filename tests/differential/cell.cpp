@@ -17,6 +17,24 @@ std::size_t LengthOf(char byte) {
   return 0;
 }
 
+// Whether bytes could follow that make `bytes` a character, or they are one. They stand for the numbers from
+// `low` to `high` then.
+bool MayBecomeCharacter(std::string_view bytes) {
+  constexpr unsigned kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+  constexpr unsigned kMost = 0x10FFFF, kFirstSurrogate = 0xD800, kLastSurrogate = 0xDFFF;
+  const std::size_t length = LengthOf(bytes[0]);
+  if (length < 2 || bytes.size() > length) return false;
+  unsigned low = static_cast<unsigned char>(bytes[0]) & (0x7Fu >> length);
+  for (const char byte : bytes.substr(1)) {
+    if (!Continues(byte)) return false;
+    low = low << 6 | (static_cast<unsigned char>(byte) & 0x3Fu);
+  }
+  const std::size_t missing = 6 * (length - bytes.size());
+  low <<= missing;
+  const unsigned high = low | ((1u << missing) - 1);
+  return high >= kLeast[length] && low <= kMost && (high < kFirstSurrogate || low > kLastSurrogate);
+}
+
 bool Same(char left, char right, bool ignore_case) {
   const auto fold = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; };
   return ignore_case ? fold(left) == fold(right) : left == right;
@@ -57,7 +75,8 @@ std::string Cut(std::string_view text, std::size_t bytes) {
   if (text.size() <= bytes) return std::string(text);
   std::size_t start = bytes;
   while (start > 0 && bytes - start < 3 && Continues(text[start])) --start;
-  const bool inside = start < bytes && start + LengthOf(text[start]) > bytes;
+  const std::size_t length = start < bytes ? LengthOf(text[start]) : 0;
+  const bool inside = start + length > bytes && MayBecomeCharacter(text.substr(start, length));
   return std::string(text.substr(0, inside ? start : bytes));
 }
 

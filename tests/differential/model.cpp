@@ -23,7 +23,7 @@ std::string Untouched(const Call& call) {
   return std::string(counts && !call.null_first ? sizeof(int) : 0, kUntouched);
 }
 
-// Calls that show or need where an open set stands. What was changed before is read then.
+// Calls that show or need where an open set stands.
 bool Looks(Verb verb) {
   return verb == Verb::kIndexPos || verb == Verb::kMoveByPos || verb == Verb::kMoveByDelta ||
          verb == Verb::kMoveByIntID || verb == Verb::kMoveByString || verb == Verb::kDeleteByPos ||
@@ -87,6 +87,7 @@ Answer Model::GetText(const Call& call, const std::string& text) const {
 }
 
 Answer Model::Run(const Call& call) {
+  m_untold_row = false;
   switch (call.verb) {
     case Verb::kClock:
       m_now = call.a;
@@ -151,8 +152,8 @@ Answer Model::RunTable(const Call& call) {
   Packed record =
       FillsRecord(call.verb) || call.record.empty() ? Packed(call.stem) : Packed(call.stem, call.record);
   const auto with_record = [&](int code) -> Answer { return {code, record.Bytes()}; };
+  if (Looks(call.verb)) set.changed = false;
   const auto mask = call.verb == Verb::kEdit ? 0xFFFFFFFF : static_cast<std::uint32_t>(call.b);
-  if (Looks(call.verb)) CatchUp(call.stem);
   switch (call.verb) {
     case Verb::kOpen:
       return {Open(call.stem), {}};

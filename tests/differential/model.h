@@ -56,9 +56,9 @@ struct BrowseSet {
   int sort_index = 0;
   Order order;
   Filter filter;
-  bool stale = false;  // to be read again before it is looked at
-  Rows rows;           // as last read
-  RowPtr shown;        // the current row, as it was when it was visited
+  bool changed = false;  // read at a change, and not looked at since
+  Rows rows;             // as last read
+  RowPtr shown;          // the current row, as it was when it was visited
 };
 
 struct ModelOptions {
@@ -123,7 +123,6 @@ class Model {
   void Shut(Stem stem);
   bool Requery(Stem stem);
   int RequeryIfOpen(Stem stem, int code);
-  void CatchUp(Stem stem);
   RowPtr Visible(Stem stem, int position) const;
   void Stand(Stem stem, int position);
   bool Walk(Stem stem, int position, int step);
@@ -183,6 +182,7 @@ class Model {
   bool m_has_version = false;  // read at the last connection
   std::string m_dbms;
   std::string m_known_owner;
+  bool m_untold_row = false;  // the last call has added a row and failed
   int m_now = 0;
   const char* m_undetermined = nullptr;
 };

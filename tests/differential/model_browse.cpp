@@ -58,14 +58,14 @@ void Model::StandOnFirst(Stem stem) {
 void Model::Shut(Stem stem) {
   BrowseSet& set = SetOf(stem);
   if (!set.open) return;
-  set.open = set.stale = false;
+  set.open = false;
   set.rows.clear();
   StandOnFirst(stem);
 }
 
 bool Model::Requery(Stem stem) {
   BrowseSet& set = SetOf(stem);
-  set.stale = false;
+  set.changed = false;
   std::optional<Rows> rows = Takes(set.order) ? Select(stem, set.filter) : std::nullopt;
   if (!rows) {
     set.open = true;  // it fails open, and is closed then
@@ -81,13 +81,12 @@ bool Model::Requery(Stem stem) {
 int Model::Open(Stem stem) { return Requery(stem) ? 0 : 31; }
 
 int Model::RequeryIfOpen(Stem stem, int code) {
-  if (code == 0) SetOf(stem).stale = Set(stem).open;
+  if (!Set(stem).open) return code;
+  if (code != 0 && m_untold_row && Set(stem).changed) Doubt(reason::kUntoldRow);
+  // A set whose filter or order the database refuses is closed: an open one can be read again.
+  if (code == 0) Requery(stem);
+  if (code == 0) SetOf(stem).changed = true;
   return code;
-}
-
-// A set whose filter or order the database refuses is closed, so that a stale one can be read again.
-void Model::CatchUp(Stem stem) {
-  if (Set(stem).stale) Requery(stem);
 }
 
 int Model::MoveByPos(Stem stem, int position) {
@@ -229,7 +228,6 @@ Answer Model::MaxPos(Stem stem, bool no_output) {
   int count = 0;
   int result = 0;
   if (!m_options.owner.empty()) {
-    CatchUp(stem);
     if (!set.before_first && set.after_last) Doubt(reason::kCountBehindEnd);
     count = set.before_first ? 0 : SizeOf(set);
   } else {
@@ -260,7 +258,6 @@ int Model::DeleteByPos(Stem stem, int position) {
 
 // The row at the position, or the current one for 0.
 int Model::Show(Stem stem, int position, RowPtr* row) {
-  CatchUp(stem);
   BrowseSet& set = SetOf(stem);
   if (position != 0) MoveByPos(stem, position);
   if (set.before_first || set.after_last) return 64;

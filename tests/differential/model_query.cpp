@@ -51,8 +51,10 @@ std::optional<bool> Model::Holds(Stem stem, const Row& row, const Clause& clause
   const Cell& cell = row[static_cast<std::size_t>(clause.field)];
   if (IsNull(cell)) return std::nullopt;
   if (clause.op == kLike) {
-    return Like(std::get<std::string>(cell), std::get<std::string>(clause.value),
-                m_options.facts.like_ignores_case);
+    const auto* const text = std::get_if<std::string>(&cell);
+    const auto* const pattern = std::get_if<std::string>(&clause.value);
+    if (text == nullptr || pattern == nullptr) return std::nullopt;  // doubted by CheckLiterals
+    return Like(*text, *pattern, m_options.facts.like_ignores_case);
   }
   const Kind kind = LayoutOf(stem).fields[static_cast<std::size_t>(clause.field)].kind;
   const auto against = [&](const Cell& value) {

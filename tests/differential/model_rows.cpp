@@ -122,6 +122,7 @@ int Model::AddNew(Stem stem, Packed* record) {
   *record = completed;
   RowPtr added;
   const int code = FindOne(stem, completed, &unused, &added);
+  m_untold_row = code != 0;
   if (code != 0) return code;
   CopyOut(*added, record);
   if (stem == Stem::kImg) RefreshLastDisplay(record->Number("lPatID"));

@@ -37,6 +37,8 @@ constexpr char kHiddenPatient[] = "a hidden patient has no certain place";
 constexpr char kBrokenSqlInTransaction[] = "a statement that is no SQL in a transaction";
 // Only a version that nobody has changed converts to a number known here.
 constexpr char kChangedVersion[] = "the version of the practice was changed";
+// An add may fail behind its insert. Then no set is read again, but one that was to be shows the row.
+constexpr char kUntoldRow[] = "a row that was added and not told of, beside a set to be read again";
 // Whether a record is touched before the missing connection is noticed.
 constexpr char kRecordUnconnected[] = "a record is completed without a connection";
 }  // namespace reason

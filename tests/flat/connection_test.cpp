@@ -80,6 +80,20 @@ TEST_F(Connection, ASecondInitialisationReplacesTheStoredParameters) {
   EXPECT_EQ(OwnerInUse(), "other.");
 }
 
+// What is counted and looked up goes through sets of its own, which are made with the owner given last.
+TEST_F(Connection, TheOwnerOfARefusedInitialisationHoldsForCountsAndNewestKeys) {
+  ASSERT_EQ(Connect(), 0);
+  LONG number = -1;
+  ASSERT_EQ(DB_GetNumTStat(&number), 0);
+  ASSERT_EQ(Initialise(m_practice.Dsn(), false, "nowhere."), 3);
+  EXPECT_EQ(DB_GetNumTStat(&number), 31);
+  EXPECT_EQ(DB_GetLastStatID(&number), 31);
+  ASSERT_EQ(Connect(), 3);
+  EXPECT_EQ(DB_GetNumTStat(&number), 0);
+  EXPECT_EQ(DB_GetLastStatID(&number), 0);
+  EXPECT_EQ(number, 1);
+}
+
 TEST_F(Connection, AnExclusiveConnectionUsesTheDataSourceWithTheSuffix) {
   const std::string name = "ABCDEFGHIJKLMNOPQRSTUVW";
   ASSERT_EQ(name.size(), 23u);
