@@ -361,8 +361,9 @@ KYODBC_API WORD DB_DeleteTTestByPos(LONG position);
 
 /* Adds a row with all fields of the record and reads it back: the record comes back as stored, with its new
  * key. The key passed in is ignored. Returns 0; 3; 6 when the database refuses. The row has been added, too,
- * after 1: the natural key is incomplete; 52 or 64: it now finds several rows or none; and 31: the browse set
- * could not be read again. After 1, 52 and 64 the record's key is 0. */
+ * after 1: the natural key is incomplete; and 52 or 64: it now finds several rows or none. After 6 it may be
+ * there when the connection went, or a time-out came, while it was read back: look before you add it again.
+ * Where the row is there, the record's key is 0 after a failure. */
 KYODBC_API WORD DB_AddNewTDr(tagTDOCTOR* record);
 KYODBC_API WORD DB_AddNewTStat(tagTSTATION* record);
 KYODBC_API WORD DB_AddNewTUnit(tagTUNIT* record);
@@ -385,9 +386,9 @@ KYODBC_API WORD DB_AddNewTTest(tagTTEST* record);
 
 /* Writes the fields of the record whose bits are set in `mask` (KYODBC_MASK_...; KYODBC_MASK_ALL: all of
  * them) to the row that the record names, and the row's key into the record. A row found by its natural key
- * keeps the fields of that key. Returns 0; 1 without key and natural key; 3; 6 when the database refuses; 31
- * when a browse set could not be read again, and the row has been written; 52 when several rows match; 64
- * when none does. In all other failures row and record are unchanged. */
+ * keeps the fields of that key. Returns 0; 1 without key and natural key; 3; 6 when the database refuses; 31;
+ * 52 when several rows match; 64 when none does. After a failure row and record are unchanged; only when the
+ * answer of the database itself was lost, nobody knows of the row. */
 /* 8 for a protected row: named "-" or with key 1. The joined view is read again too when bit 0x1 is set. */
 KYODBC_API WORD DB_EditSelTDr(tagTDOCTOR* record, DWORD mask);
 /* 8 for a protected row: named "-" or with key 1. */
@@ -420,8 +421,8 @@ KYODBC_API WORD DB_EditTCfg(tagTCONFIG* record);
 KYODBC_API WORD DB_EditTTest(tagTTEST* record);
 
 /* Deletes the row that the record names; rows that refer to it stay. Returns 0; 1 without key and natural
- * key; 3; 8 when the database refuses; 31 when a browse set could not be read again, and the row has been
- * deleted; 52 when several rows match; 64 when none does. */
+ * key; 3; 8 when the database refuses; 31; 52 when several rows match; 64 when none does. After a failure the
+ * row is there; only when the answer of the database itself was lost, nobody knows. */
 /* 8 for a protected row: named "-" or with key 1. */
 KYODBC_API WORD DB_DeleteTDr(const tagTDOCTOR* record);
 /* 8 for a protected row: named "-" or with key 1. */

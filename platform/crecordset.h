@@ -222,6 +222,7 @@ class KYODBC_API CRecordset : public CObject {
   LONG CountRows(bool written);
   CString RowCondition(bool written, std::vector<odbc::Parameter>& parameters) const;
   bool IsView() const;
+  LONG CountRowsAfter(SQLLEN changed, bool deleting);
   void RequireRowToDelete();
   SQLLEN RunChange(const CString& sql, std::vector<odbc::Parameter>& parameters);
   SQLLEN CountChanged(RETCODE code, odbc::Statement& statement);

@@ -94,6 +94,7 @@ void CRecordset::UpdateRow() {
     parameters.push_back(m_fields->MakeParameter(field, m_fields->Written(field)));
   }
   ChangeRow(CString(std::move(sql)), parameters, false);
+  if (m_rows == nullptr) return;  // the connection went right behind the change, and has closed the set
   const LONG key = m_pRowKey != nullptr ? *m_pRowKey : 0;
   m_fields->RememberEdit(m_rows->RowIdentity(), !m_rows->TakeChange(key));
   if (m_pRowKey != nullptr) m_lKeyLoaded = *m_pRowKey;
@@ -104,6 +105,7 @@ void CRecordset::Delete() {
   EndMode(true);
   std::vector<odbc::Parameter> parameters;
   ChangeRow("DELETE FROM " + m_strTableName, parameters, true);
+  if (m_rows == nullptr) return;  // as in UpdateRow
   m_rows->ForgetCurrentRow();
   if (m_lRecordCount > 0) --m_lRecordCount;
   for (Field& field : m_fields->All()) field.null = true;
@@ -120,13 +122,25 @@ void CRecordset::ChangeRow(const CString& sql, std::vector<odbc::Parameter>& par
   if (deleting) RequireRowToDelete();
   const SQLLEN changed = RunChange(sql + Where(condition), parameters);
   if (changed == 1) return;
-  const LONG there = changed > 1 ? kSeveral : CountRows(false);
+  const LONG there = changed > 1 ? kSeveral : CountRowsAfter(changed, deleting);
   if (there > 1) ThrowDBException(AFX_SQL_ERROR_MULTIPLE_ROWS_AFFECTED);
   if (there == 1 && !deleting) return;
   // The row is not to be found as it was. Of a table that means that it was gone before.
   const bool uncounted = changed < 0 || (!(deleting && m_pOpenDatabase->CountsDeletes()) && IsView());
   if (there == 0 && uncounted && (deleting || CountRows(true) == 1)) return;
   ThrowDBException(AFX_SQL_ERROR_NO_ROWS_AFFECTED);
+}
+
+// The rows that the condition still finds. When the connection goes before anybody has told how many rows were
+// changed, the statement has been run all the same: it was the one row that there was.
+LONG CRecordset::CountRowsAfter(SQLLEN changed, bool deleting) {
+  try {
+    return CountRows(false);
+  } catch (CDBException* exception) {
+    if (changed >= 0) throw;
+    exception->Delete();
+    return deleting ? 0 : 1;
+  }
 }
 
 // Afterwards nobody could tell a row that was deleted through a view with triggers from one that was gone.

@@ -51,6 +51,8 @@ void Cancel(Handle handle, Rest...) {
   if constexpr (std::is_pointer_v<Handle>) SQLCancel(handle);
 }
 
+unsigned the_calls_given_up = 0;
+
 // Makes one ODBC call: repeats it at once while the driver is still executing, and traces it.
 template <class... Parameters>
 RETCODE Call(const char* name, RETCODE (*function)(Parameters...),
@@ -59,6 +61,7 @@ RETCODE Call(const char* name, RETCODE (*function)(Parameters...),
   for (Patience patience; code == SQL_STILL_EXECUTING;) {
     const bool over = patience.IsOver();
     if (over) Cancel(arguments...);
+    if (over) ++the_calls_given_up;
     code = function(arguments...);
     if (over && code == SQL_STILL_EXECUTING) code = SQL_ERROR;
   }
@@ -267,6 +270,7 @@ void Statement::AskForQueryTimeout(DWORD seconds) {
 }
 
 RETCODE Statement::Logged(const CString& sql, RETCODE (Statement::*run)()) {
+  m_given_up = false;
   if (!klog::Enabled(klog::Level::kDebug)) return (this->*run)();
   const auto start = std::chrono::steady_clock::now();
   const RETCODE code = (this->*run)();
@@ -370,11 +374,24 @@ RETCODE Statement::WithoutCuts(RETCODE code) const {
   return only_cut && !records.empty() ? RETCODE{SQL_SUCCESS} : code;
 }
 
-RETCODE Statement::ExtendedFetch(SQLUSMALLINT type, SQLLEN row) {
+// One driver tells of a row at every number, and fills none, once a call for a row was given up: there are no
+// more until the statement is executed again.
+template <class Read>
+RETCODE Statement::ReadFromCursor(Read read) {
   if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  if (m_given_up) return SQL_ERROR;
+  const unsigned before = the_calls_given_up;
+  const RETCODE code = read();
+  m_given_up = the_calls_given_up != before;
+  return code;
+}
+
+RETCODE Statement::ExtendedFetch(SQLUSMALLINT type, SQLLEN row) {
   SQLULEN fetched = 0;
   SQLUSMALLINT status = 0;
-  return WithoutCuts(Call("SQLExtendedFetch", SQLExtendedFetch, m_statement, type, row, &fetched, &status));
+  return ReadFromCursor([&] {
+    return WithoutCuts(Call("SQLExtendedFetch", SQLExtendedFetch, m_statement, type, row, &fetched, &status));
+  });
 }
 
 bool Statement::AskForRows(SQLULEN rows) {
@@ -383,11 +400,12 @@ bool Statement::AskForRows(SQLULEN rows) {
 }
 
 RETCODE Statement::FetchRows(SQLULEN rows, SQLULEN* fetched) {
-  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
   *fetched = 0;
   std::vector<SQLUSMALLINT> status(rows);
-  const RETCODE code = Call("SQLExtendedFetch", SQLExtendedFetch, m_statement, SQL_FETCH_NEXT, SQLLEN{0},
-                            fetched, status.data());
+  const RETCODE code = ReadFromCursor([&] {
+    return Call("SQLExtendedFetch", SQLExtendedFetch, m_statement, SQL_FETCH_NEXT, SQLLEN{0}, fetched,
+                status.data());
+  });
   if (Succeeded(code) && std::find(status.begin(), status.end(), SQL_ROW_ERROR) != status.end()) {
     return SQL_ERROR;
   }
@@ -395,8 +413,8 @@ RETCODE Statement::FetchRows(SQLULEN rows, SQLULEN* fetched) {
 }
 
 RETCODE Statement::GetData(SQLUSMALLINT column, SWORD c_type, void* buffer, SQLLEN size, SQLLEN* indicator) {
-  if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
-  return Call("SQLGetData", SQLGetData, m_statement, column, c_type, buffer, size, indicator);
+  return ReadFromCursor(
+      [&] { return Call("SQLGetData", SQLGetData, m_statement, column, c_type, buffer, size, indicator); });
 }
 
 RETCODE Statement::ReadNumber(LONG* number) {

@@ -136,11 +136,14 @@ class Statement {
   RETCODE ColumnNumber(SQLUSMALLINT column, SQLUSMALLINT attribute, SWORD* number);
   void Free();
   RETCODE WithoutCuts(RETCODE code) const;
+  template <class Read>
+  RETCODE ReadFromCursor(Read read);
   RETCODE RunPrepared();
   RETCODE RunDirect();
 
   Connection* m_connection;
   SQLHSTMT m_statement = SQL_NULL_HSTMT;
+  bool m_given_up = false;  // a call for a row was cancelled
   CString m_sql;
 };
 

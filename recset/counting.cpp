@@ -1,4 +1,6 @@
 // Counting rows: by probing the cursor on sets with an owner, by a query on all others.
+#include <limits>
+
 #include "platform/dialect.h"
 #include "platform/one_row.h"
 #include "platform/result_codes.h"
@@ -8,6 +10,7 @@
 namespace {
 
 constexpr LONG kFirstStep = 32768;
+constexpr LONG kMostRows = std::numeric_limits<LONG>::max();
 constexpr const char* kCountFrom = "SELECT COUNT(*) AS TIntCount FROM ";
 constexpr LONG kOwnKey = 1;  // the field id of every table's own key
 
@@ -40,18 +43,25 @@ WORD CKyRecSet::GetMaxPos(LONG* count) {
 }
 
 // The highest row that can be fetched: full steps upwards, then halved ones. The driver has all rows of a
-// static cursor, so that this costs a fetch per step and reads no row into the members.
-LONG CKyRecSet::ProbeLastRow() {
-  LONG row = 0;
+// static cursor, so that this costs a fetch per step and reads no row into the members. False when a fetch
+// failed: the rows there and behind are not known not to be.
+bool CKyRecSet::ProbeLastRow(LONG* row) {
+  *row = 0;
   LONG step = kFirstStep;
   while (step > 0) {
-    if (FetchAt(row + step)) {
-      row += step;
+    const RETCODE code =
+        *row <= kMostRows - step ? ExtendedFetch(SQL_FETCH_ABSOLUTE, *row + step) : RETCODE{SQL_NO_DATA};
+    if (code != SQL_SUCCESS && code != SQL_NO_DATA) {
+      if (!Check(code) && IsOpen()) NoteFailure(code, kCountFailed);
+      return false;
+    }
+    if (code == SQL_SUCCESS) {
+      *row += step;
     } else {
       step /= 2;
     }
   }
-  return row;
+  return true;
 }
 
 // A set whose position is not known counts as usual and keeps not knowing it.
@@ -60,10 +70,10 @@ WORD CKyRecSet::CountByProbing(LONG* count) {
   const LONG position = GetIndexPos();
   if (m_bBOF) return kOk;
   MoveFirst();
-  *count = ProbeLastRow();
+  const bool counted = ProbeLastRow(count);
   bool fetched = ExtendedFetch(SQL_FETCH_FIRST, 0) == SQL_SUCCESS;
   if (position > 1) fetched = FetchAt(position);
-  if (!fetched) {
+  if (!counted || !fetched) {
     m_lCurrentRecord = AFX_CURRENT_RECORD_UNDEFINED;
     m_bEOF = TRUE;
     return kCountFailed;
@@ -146,7 +156,10 @@ WORD CKyRecSet::ReadWholeTable(const CString& sort, void (CKyRecSet::*read)(LONG
   return kOk;
 }
 
-void CKyRecSet::ReadCount(LONG* count) { GetMaxPos(count); }
+// A count that failed is no number of rows, and GetNum has no code for it.
+void CKyRecSet::ReadCount(LONG* count) {
+  if (GetMaxPos(count) != kOk) ThrowDBException(SQL_ERROR);
+}
 
 void CKyRecSet::ReadLastID(LONG* id) {
   *id = 0;

@@ -37,6 +37,7 @@ void Walk(Answers& answers, const Keys&) {
   LONG rows = 0;
   answers.Code("open", set.open(), kOpens);
   answers.Code("max pos", set.max_pos(&rows), kCounts);
+  answers.Number("max pos", rows);
   answers.Position("first", set.by_pos(1));
   answers.Position("last", set.by_pos(rows));
   answers.Position("back", set.by_delta(1 - rows));

@@ -1,8 +1,5 @@
-// Connecting and closing, settings, compact records, direct access, procedures, and what changes several
-// rows.
+// Connecting and closing, settings, compact records, procedures, transactions, and what changes several rows.
 #include "frame/dynamic_rec.h"
-#include "platform/cdbexception.h"
-#include "tables/station_raw_rec.h"
 #include "tests/faults/connection.h"
 #include "tests/faults/scenario.h"
 #include "tests/flat/family_tables.h"
@@ -39,6 +36,11 @@ void Reconnect(Answers& answers, const Keys&) {
   answers.Code("open", DB_OpenTDr(), {3, 31});
 }
 
+void ReconnectThroughTheView(Answers& answers, const Keys&) {
+  answers.Code("open", DB_OpenPatEx(), {3, 30, 31});
+  answers.Position("first", DB_MoveToPatExByPos(1));
+}
+
 void Information(Answers& answers, const Keys&) {
   tagDBINFO info{};
   char text[100] = {};
@@ -56,7 +58,11 @@ void ReadSettings(Answers& answers, const Keys&) {
 }
 
 void WriteNewSetting(Answers& answers, const Keys&) {
-  answers.Code("write", DB_WriteProfileString("Exhausted", "-", "value"), kWrites);
+  answers.Code("write", DB_WriteProfileString("Exhausted", "-", kSettingValue), kWrites);
+}
+
+void WriteNumber(Answers& answers, const Keys&) {
+  answers.Code("write", DB_WriteProfileInt("ExhaustedNumber", "-", 12345), kWrites);
 }
 
 void WriteKnownSetting(Answers& answers, const Keys&) {
@@ -67,10 +73,29 @@ void DeleteSetting(Answers& answers, const Keys&) {
   answers.Code("delete", DB_WriteProfileString("DBMS", "-", ""), kDeletes);
 }
 
+// As a careful caller does: commits only what was done whole.
+void CommitIf(bool done, Answers& answers) {
+  if (done && answers.Code("commit", DB_CommitTransaction(), kTransactions) == 0) {
+    return answers.RequireChange();
+  }
+  answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
+  if (!done) answers.RequireChange(false);
+}
+
+void SettingsInTransaction(Answers& answers, const Keys&) {
+  if (answers.Code("begin", DB_BeginTransaction(), kTransactions) != 0) return;
+  const auto write = [&](const char* key, const char* value, Codes allowed) {
+    return answers.Code("write", DB_WriteProfileString(key, "-", value), allowed) == 0;
+  };
+  CommitIf(write("Exhausted", kSettingValue, kWrites) && write("DBMS", "Other", kWrites) &&
+               write("DBMS", "", kDeletes),
+           answers);
+}
+
 tagPATIENTCOMPACT CompactPatient(const char* identifier) {
   tagPATIENTCOMPACT record{};
-  support::SetText(record.szName, "Compact");
-  support::SetText(record.szFirstname, "Clara");
+  support::SetText(record.szName, kCompactName);
+  support::SetText(record.szFirstname, kCompactFirstname);
   record.wYear = 1961;
   record.byMonth = record.byDay = 3;
   support::SetText(record.szDrName, "Doctor 1");
@@ -89,6 +114,29 @@ void EditCompactPatient(Answers& answers, const Keys& keys) {
   answers.Code("edit", DB_EditPat(&record), kWrites);
 }
 
+void EditSelectedOfCompactPatient(Answers& answers, const Keys& keys) {
+  tagPATIENTCOMPACT record = CompactPatient("}EX1");
+  record.dwID = static_cast<DWORD>(keys.at("TPat"));
+  answers.Code("edit", DB_EditSelPat(&record, KYODBC_MASK_PAT_EXTERNAL_ID | KYODBC_MASK_PAT_SURNAME),
+               kWrites);
+}
+
+void CompactPatientByPosition(Answers& answers, const Keys&) {
+  tagPATIENTCOMPACT record{};
+  answers.Code("first", DB_GetPatByPos(&record, 1), {3, 31, 64});
+}
+
+void CompactPatientInTransaction(Answers& answers, const Keys& keys) {
+  if (answers.Code("begin", DB_BeginTransaction(), kTransactions) != 0) return;
+  tagPATIENTCOMPACT added = CompactPatient("SL1");
+  tagPATIENTCOMPACT edited = CompactPatient("SL2");
+  edited.dwID = static_cast<DWORD>(keys.at("TPat"));
+  CommitIf(answers.Code("add", DB_AddNewPat(&added), kAdds) == 0 &&
+               answers.Code("edit", DB_EditPat(&edited), kWrites) == 0 &&
+               answers.Code("delete", DB_DeletePat(&added), kDeletes) == 0,
+           answers);
+}
+
 void DeleteCompactPatient(Answers& answers, const Keys& keys) {
   tagPATIENTCOMPACT record = CompactPatient("SL1");
   record.dwID = static_cast<DWORD>(keys.at("TPat"));
@@ -98,7 +146,7 @@ void DeleteCompactPatient(Answers& answers, const Keys& keys) {
 
 tagPATIENTCOMPACT CompactUnit() {
   tagPATIENTCOMPACT record{};
-  support::SetText(record.szName, "Compact\xBBT1");
+  support::SetText(record.szName, "Compact7\xBBT1");
   support::SetText(record.szFirstname, "C1\xBBS1");
   record.wYear = 1999;
   record.byMonth = record.byDay = 3;
@@ -116,6 +164,17 @@ void EditCompactUnit(Answers& answers, const Keys& keys) {
   answers.Code("edit", DB_EditUnit(&record), kWrites);
 }
 
+void EditSelectedOfCompactUnit(Answers& answers, const Keys& keys) {
+  tagPATIENTCOMPACT record = CompactUnit();
+  record.dwID = static_cast<DWORD>(keys.at("TUnit"));
+  answers.Code("edit", DB_EditSelUnit(&record, KYODBC_MASK_UNIT_NAME), kWrites);
+}
+
+void CompactUnitByPosition(Answers& answers, const Keys&) {
+  tagPATIENTCOMPACT record{};
+  answers.Code("first", DB_GetUnitByPos(&record, 1), {3, 31, 64});
+}
+
 void DeleteCompactUnit(Answers& answers, const Keys& keys) {
   tagPATIENTCOMPACT record = CompactUnit();
   record.dwID = static_cast<DWORD>(keys.at("TUnit"));
@@ -123,51 +182,25 @@ void DeleteCompactUnit(Answers& answers, const Keys& keys) {
   if (answers.Code("delete", DB_DeleteUnit(&record), kDeletes) == 0) answers.RequireChange();
 }
 
-// Sets that callers hold themselves pass exceptions on.
-template <class Work>
-WORD CodeOf(Work work) {
-  try {
-    return work();
-  } catch (CDBException* exception) {
-    exception->Delete();
-    return 31;
-  }
-}
-
-void DirectInsert(Answers& answers, const Keys&) {
-  CStatRawRec set(DB_GetDatabase(), "");
-  CTStatRaw station;
-  station.m_strName = "Direct";
-  answers.Code("insert", CodeOf([&] { return set.Insert(station, -1); }), {1, 3, 6, 31, 52, 64});
-}
-
-void DirectReadAndEdit(Answers& answers, const Keys& keys) {
-  CStatRawRec set(DB_GetDatabase(), "");
-  CTStatRaw station;
-  station.m_lStatID = keys.at("TStat");
-  answers.Code("read", CodeOf([&] { return set.OpenQuery(station); }), {3, 31});
-  station.m_strName = "Edited";
-  answers.Code("edit", CodeOf([&] { return set.Edit(station, -1); }), {3, 6, 31, 52, 64});
-}
-
+// A set of the caller's own, which passes exceptions on.
 void Procedure(Answers& answers, const Keys&) {
-  const auto run = [] {
+  const auto run = []() -> WORD {
     CDynamicRec set;
-    return WORD{set.ExecuteSProc("spky_ping") ? WORD{0} : WORD{3}};
+    if (!set.ExecuteSProc(kProcedure)) return 3;
+    for (; !set.IsEOF(); set.MoveNext()) {
+      LONG key = 0;
+      CString name;
+      set.GetFieldValue(short{0}, key);
+      set.GetFieldValue(short{1}, name);
+    }
+    return 0;
   };
   answers.Code("procedure", CodeOf(run), {3, 31});
 }
 
 void OpenPatients(const Keys&) { DB_OpenTPat(); }
-void OpenImages(const Keys&) { DB_OpenTImg(); }
-
-void DeletePatientByPosition(Answers& answers, const Keys&) {
-  answers.Code("delete", DB_DeleteTPatByPos(1), kDeletes);
-}
-
-void DeleteImageByPosition(Answers& answers, const Keys&) {
-  answers.Code("delete", DB_DeleteTImgByPos(1), kDeletes);
-}
+void OpenJoined(const Keys&) { DB_OpenPatEx(); }
+void OpenUnits(const Keys&) { DB_OpenTUnit(); }
 
 void DeleteSelected(Answers& answers, const Keys&) {
   tagTPATIENT selected{};
@@ -178,7 +211,7 @@ void DeleteSelected(Answers& answers, const Keys&) {
 tagTIMAGE Replacing(const Keys& keys) {
   tagTIMAGE image = Images::Fill(1);
   image.lPatID = keys.at("TPat");
-  Images::ChangeText(&image, "replaces");
+  Images::ChangeText(&image, kChangedTextToo);
   return image;
 }
 
@@ -190,12 +223,7 @@ void ReplaceImage(Answers& answers, const Keys& keys) {
 void ReplaceImageInTransaction(Answers& answers, const Keys& keys) {
   if (answers.Code("begin", DB_BeginTransaction(), kTransactions) != 0) return;
   tagTIMAGE image = Replacing(keys);
-  const bool done = answers.Code("replace", DB_AddNewTImg(&image), {1, 3, 6, 8, 31, 52, 64}) == 0;
-  if (done && answers.Code("commit", DB_CommitTransaction(), kTransactions) == 0) {
-    return answers.RequireChange();
-  }
-  answers.Code("rollback", DB_RollbackTransaction(), kTransactions);
-  if (!done) answers.RequireChange(false);
+  CommitIf(answers.Code("replace", DB_AddNewTImg(&image), {1, 3, 6, 8, 31, 52, 64}) == 0, answers);
 }
 
 void RollBack(Answers& answers, const Keys&) {
@@ -209,7 +237,7 @@ void RollBack(Answers& answers, const Keys&) {
 void RequireLaterChange(Answers& answers, const Keys& keys) {
   tagTSTATION station = family::Stations::Fill(1);
   station.lStatID = keys.at("TStat");
-  family::Stations::ChangeText(&station);
+  family::Stations::ChangeText(&station, kChangedText);
   if (answers.Code("edit", DB_EditTStat(&station), kWrites) == 0) answers.RequireChange();
 }
 
@@ -238,39 +266,53 @@ void ChangeAfterRefusedAdd(Answers& answers, const Keys& keys) {
 }  // namespace
 
 std::vector<Scenario> OtherScenarios() {
-  return {
-      {"ConnectAndClose",         ConnectAndClose,                            nullptr, true},
-      {"ConnectOpenAndClose",                     ConnectOpenAndClose,                                                               nullptr, true},
-      {"Reconnect",Reconnect,LoseTheConnection},
-      {.name = "Information",                         .run = Information,                                                         .runs_statements = false},
-      {"ReadSettings",        ReadSettings                                                                                           },
-      {"WriteNewSetting",WriteNewSetting},
-      {"WriteKnownSetting",            WriteKnownSetting                                  },
-      {"DeleteSetting",         DeleteSetting                                                     },
-      {"AddCompactPatient",       AddCompactPatient                    },
-      {"EditCompactPatient",           EditCompactPatient                               },
-      {"DeleteCompactPatient",       DeleteCompactPatient                         },
-      {"AddCompactUnit",      AddCompactUnit                   },
-      {"EditCompactUnit",    EditCompactUnit                   },
-      {"DeleteCompactUnit",          DeleteCompactUnit                                },
-      {"DirectInsert",         DirectInsert                                },
-      {"DirectReadAndEdit",       DirectReadAndEdit                      },
-      {"Procedure",            Procedure                                 },
-      {"DeletePatientByPosition",       DeletePatientByPosition,                          OpenPatients},
-      {"DeleteImageByPosition",               DeleteImageByPosition,                                     OpenImages, false, true},
-      {"DeleteSelected", DeleteSelected,              nullptr, false, false, true},
-      {"ReplaceImage",                         ReplaceImage,                                             nullptr, false, true},
-      {"ReplaceImageInTransaction",               ReplaceImageInTransaction,                nullptr, false, true},
-      {"RollBack",                         RollBack                                                   },
-      {"ChangeAfterTransaction",                  ChangeAfterTransaction                                         },
-      {"ChangeAfterCommit",                     ChangeAfterCommit                                                              },
-      {"ChangeAfterRefusedAdd",ChangeAfterRefusedAdd},
+  std::vector<Scenario> scenarios;
+  const auto add = [&scenarios](const char* name, auto run,
+                                void (*prepare)(const Keys&) = nullptr) -> Scenario& {
+    return scenarios.emplace_back(Scenario{.name = name, .run = run, .prepare = prepare});
   };
+  add("ConnectAndClose", ConnectAndClose).connects = true;
+  add("ConnectOpenAndClose", ConnectOpenAndClose).connects = true;
+  add("Reconnect", Reconnect, LoseTheConnection);
+  add("ReconnectThroughTheView", ReconnectThroughTheView, LoseTheConnection);
+  add("Information", Information).runs_statements = false;
+  add("ReadSettings", ReadSettings);
+  add("WriteNewSetting", WriteNewSetting);
+  add("WriteNumber", WriteNumber);
+  add("WriteKnownSetting", WriteKnownSetting);
+  add("DeleteSetting", DeleteSetting);
+  add("SettingsInTransaction", SettingsInTransaction);
+  add("AddCompactPatient", AddCompactPatient);
+  add("EditCompactPatient", EditCompactPatient);
+  add("EditSelectedOfCompactPatient", EditSelectedOfCompactPatient);
+  add("DeleteCompactPatient", DeleteCompactPatient);
+  add("CompactPatientByPosition", CompactPatientByPosition, OpenJoined);
+  add("CompactPatientInTransaction", CompactPatientInTransaction);
+  add("AddCompactUnit", AddCompactUnit);
+  add("EditCompactUnit", EditCompactUnit);
+  add("EditSelectedOfCompactUnit", EditSelectedOfCompactUnit);
+  add("DeleteCompactUnit", DeleteCompactUnit);
+  add("CompactUnitByPosition", CompactUnitByPosition, OpenUnits);
+  add("Procedure", Procedure).passes_exceptions_on = true;
+  add("DeleteSelected", DeleteSelected).row_by_row = true;
+  add("ReplaceImage", ReplaceImage).derives = true;
+  add("ReplaceImageInTransaction", ReplaceImageInTransaction).derives = true;
+  add("RollBack", RollBack);
+  add("RollBackBesideAnOpenSet", RollBack, OpenPatients);
+  add("ChangeAfterTransaction", ChangeAfterTransaction);
+  add("ChangeAfterCommit", ChangeAfterCommit);
+  add("ChangeAfterRefusedAdd", ChangeAfterRefusedAdd);
+  return scenarios;
+}
+
+void MakeProcedure(support::RawOdbc& raw) {
+  const std::string select = "SELECT tStatCulIntStatIDPk, tStatSName FROM TStation";
+  for (const std::string& sql : support::CurrentKind().ProcedureStatements(kProcedure, select)) raw.Exec(sql);
 }
 
 std::vector<Scenario> AllScenarios() {
   std::vector<Scenario> scenarios = BrowsingScenarios();
-  for (const auto& more : {RowScenarios(), OtherScenarios()}) {
+  for (const auto& more : {RowScenarios(), DirectScenarios(), OtherScenarios()}) {
     scenarios.insert(scenarios.end(), more.begin(), more.end());
   }
   return scenarios;

@@ -44,7 +44,7 @@ WORD AddOne(Answers& answers, const Keys& keys, int number) {
 template <class Table>
 WORD EditOne(Answers& answers, const Keys& keys) {
   auto record = Known<Table>(keys);
-  Table::ChangeText(&record);
+  Table::ChangeText(&record, kChangedText);
   return answers.Code("edit", Table::EditSel(&record, KYODBC_MASK_ALL), kEdits<Table>);
 }
 
@@ -64,14 +64,16 @@ void Add(Answers& answers, const Keys& keys) {
 
 template <class Table>
 void Edit(Answers& answers, const Keys& keys) {
-  EditOne<Table>(answers, keys);
+  answers.TellsWhetherChanged(EditOne<Table>(answers, keys));
 }
 
 template <class Table>
 void GetAndDelete(Answers& answers, const Keys& keys) {
   auto record = Known<Table>(keys);
   answers.Code("get", Table::Get(&record), kGets<Table>);
-  if (DeleteOne<Table>(answers, keys) == 0) answers.RequireChange();
+  const WORD code = DeleteOne<Table>(answers, keys);
+  answers.TellsWhetherChanged(code);
+  if (code == 0) answers.RequireChange();
 }
 
 // As a careful caller does: commits only what was done whole.
@@ -92,15 +94,42 @@ void OpenTheSet(const Keys&) {
 }
 
 template <class Table>
+void OpenTheSetByKey(const Keys&) {
+  Table::Open();
+  Table::SetSort(KYODBC_FIELD_KEY);
+}
+
+template <class Table>
+void DeleteByPosition(Answers& answers, const Keys&) {
+  // 8 tells of the move to the next row, too, behind a delete that is done.
+  if (answers.Code("delete", Table::DeleteByPos(1), {3, 8, 31, 64}) == 0) answers.RequireChange();
+}
+
+template <class Table>
+void CountAndNewest(Answers& answers, const Keys&) {
+  LONG number = 0;
+  answers.Code("count", Table::Num(&number), {3, 5, 31});
+  answers.Number("count", number);
+  answers.Code("newest", Table::LastID(&number), {3, 31});
+  answers.Number("newest", number);
+}
+
+template <class Table>
 void Append(std::vector<Scenario>* scenarios) {
   const std::string name = Table::kName;
   // When the newest image cannot be read, the patient's entry date stands for its time.
   const bool derives = std::is_same_v<Table, family::Images> || std::is_same_v<Table, family::Patients>;
-  scenarios->push_back({"Add" + name, Add<Table>, nullptr, false, derives});
-  scenarios->push_back({"AddBesideAnOpenSet" + name, Add<Table>, OpenTheSet<Table>, false, derives});
-  scenarios->push_back({"Edit" + name, Edit<Table>, nullptr, false, derives});
-  scenarios->push_back({"GetAndDelete" + name, GetAndDelete<Table>, nullptr, false, derives});
-  scenarios->push_back({"Transaction" + name, Transaction<Table>, nullptr, false, derives});
+  const auto add = [&](const char* what, auto run, void (*prepare)(const Keys&) = nullptr) -> Scenario& {
+    return scenarios->emplace_back(
+        Scenario{.name = what + name, .run = run, .prepare = prepare, .derives = derives});
+  };
+  add("Add", Add<Table>);
+  add("AddBesideAnOpenSet", Add<Table>, OpenTheSet<Table>);
+  add("Edit", Edit<Table>);
+  add("GetAndDelete", GetAndDelete<Table>);
+  add("DeleteByPosition", DeleteByPosition<Table>, OpenTheSetByKey<Table>);
+  add("CountAndNewest", CountAndNewest<Table>);
+  add("Transaction", Transaction<Table>);
 }
 
 template <class Table>

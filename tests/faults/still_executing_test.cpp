@@ -7,6 +7,7 @@
 #include "tests/faults/connection.h"
 #include "tests/faults/hurried_clock.h"
 #include "tests/support/raw_odbc.h"
+#include "tests/support/records.h"
 
 namespace faults {
 namespace {
@@ -23,6 +24,12 @@ class StillExecuting : public testing::Test {
     TheFaultDriver().Forget();
     EXPECT_EQ(DB_CloseDatabase(), 0);
     EXPECT_EQ(TheFaultDriver().Handles(0), 0);
+  }
+
+  static void ConnectTo(const FaultSource& source) {
+    ASSERT_EQ(DB_CloseDatabase(), 0);
+    UseSource(source);
+    ASSERT_EQ(Connect(), 0);
   }
 
   // The virtual time that opening the patients takes.
@@ -61,6 +68,53 @@ TEST_F(StillExecuting, AStatementThatGetsDoneInTimeSucceeds) {
   TheFaultDriver().Order("SQLExecute 1 executing 100");
   EXPECT_EQ(DB_OpenTDr(), 0);
   EXPECT_EQ(TheFaultDriver().Happened(), 1);
+}
+
+// One real driver would tell of a row at every number from then on, and fill none.
+TEST_F(StillExecuting, ASetWhoseFetchWasGivenUpHasNoRowsUntilItIsReadAgain) {
+  const support::Practice practice({.with_owner = true});
+  const FaultSource source(practice);
+  ConnectTo(source);
+  tagTSTATION station{};
+  support::SetText(station.szName, "Second");
+  ASSERT_EQ(DB_AddNewTStat(&station), 0);
+  ASSERT_EQ(DB_OpenTStat(), 0);
+  TheFaultDriver().Order("SQLExtendedFetch 1 executing endless");
+  {
+    const HurriedClock clock;
+    EXPECT_EQ(DB_MoveToTStatByPos(2), 0);
+  }
+  EXPECT_EQ(TheFaultDriver().Happened(), 1);
+  TheFaultDriver().Forget();
+  LONG rows = -1;
+  EXPECT_EQ(DB_MoveToTStatByPos(2), 0);
+  EXPECT_EQ(DB_MoveToTStatByPos(7), 0);
+  EXPECT_NE(DB_GetTStatMaxPos(&rows), 0);
+  ASSERT_EQ(DB_OpenTStat(), 0);
+  EXPECT_EQ(DB_MoveToTStatByPos(2), 2);
+  EXPECT_EQ(DB_GetTStatMaxPos(&rows), 0);
+  EXPECT_EQ(rows, 2);
+}
+
+TEST_F(StillExecuting, ACountDuringWhichAFetchFailsIsNone) {
+  const support::Practice practice({.with_owner = true});
+  const FaultSource source(practice);
+  ConnectTo(source);
+  int failed = 0;
+  for (int number = 1; number < 100; ++number) {
+    LONG rows = -1;
+    TheFaultDriver().Order("SQLExtendedFetch " + std::to_string(number) + " error");
+    const WORD code = DB_GetNumTStat(&rows);
+    const bool happened = TheFaultDriver().Happened() != 0;
+    TheFaultDriver().Forget();
+    if (code == 0) {
+      EXPECT_EQ(rows, 1) << "at fetch " << number;
+    } else {
+      ++failed;
+    }
+    if (!happened) break;
+  }
+  EXPECT_GT(failed, 10);
 }
 
 using LyingEnd = StillExecuting;

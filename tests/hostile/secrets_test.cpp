@@ -54,9 +54,12 @@ class Secrets : public support::PracticeTest {
     m_temporary = m_practice.Folder() / "temporary";
     fs::create_directory(m_temporary);
     setenv("TMPDIR", m_temporary.c_str(), 1);
+    m_folder_before = fs::current_path();
+    fs::current_path(m_temporary);
   }
   void TearDown() override {
     DB_CloseDatabase();
+    fs::current_path(m_folder_before);
     m_before.empty() ? unsetenv("TMPDIR") : setenv("TMPDIR", m_before.c_str(), 1);
     // A session of its own: the test may have ended that of Raw.
     if (OnPostgresql()) support::RawOdbc(m_practice).Exec("DROP ROLE marked");
@@ -196,7 +199,8 @@ class Secrets : public support::PracticeTest {
   }
   std::string m_told;
   std::string m_before;
-  fs::path m_temporary;
+  fs::path m_folder_before;
+  fs::path m_temporary;  // the current folder, too
 };
 
 TEST_F(Secrets, AreInNoLogOfAnyLevelNoMessageAndNoFile) {

@@ -54,6 +54,7 @@ std::vector<Scenario> Scenarios() {
 struct Stage {
   Stage() : raw(practice) {
     UsePractice(practice);
+    faults::MakeProcedure(raw);
     EXPECT_EQ(faults::Connect(), 0);
     keys = faults::AddRows();
     EXPECT_EQ(DB_CloseDatabase(), 0);
@@ -120,6 +121,7 @@ class Memory : public testing::TestWithParam<Scenario> {
 
   void Check() {
     EXPECT_EQ(m_answers.NotAllowed(), "");
+    EXPECT_TRUE(!m_escaped || GetParam().passes_exceptions_on) << "bad_alloc left a flat function";
     const State state = m_stage->state->Read();
     const bool may_be_before = m_answers.MayBeBefore() || m_escaped;
     if (state == m_stage->state->Before() && (may_be_before || m_after == state)) return;
