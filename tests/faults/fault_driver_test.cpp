@@ -1,9 +1,12 @@
 // The fault driver itself: a program of plain ODBC calls sees what was ordered, and nothing else.
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sql.h>
 #include <sqlext.h>
 
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 
 #include "tests/faults/fault_driver.h"
@@ -131,6 +134,12 @@ TEST_F(FaultDriverTest, AnErrorHasAsManyRecordsAsWereOrdered) {
   }));
 }
 
+TEST_F(FaultDriverTest, AnErrorMayHaveNoRecordAtAll) {
+  Driver().Order("SQLExecDirect 1 error records 0");
+  EXPECT_EQ(AddStation(), SQL_ERROR);
+  EXPECT_EQ(Diagnoses(), std::vector<Diagnosis>());
+}
+
 TEST_F(FaultDriverTest, AnErrorAfterwardsLeavesTheChangeInTheDatabase) {
   Driver().Order("SQLExecDirect 1 error after");
   EXPECT_EQ(AddStation(), SQL_ERROR);
@@ -175,6 +184,13 @@ TEST_F(FaultDriverTest, ALostConnectionIsDeadForEveryLaterCall) {
   EXPECT_EQ(NewStations(), 0);
   ConnectAgain({});
   EXPECT_EQ(AddStation(), SQL_SUCCESS);
+}
+
+TEST_F(FaultDriverTest, AConnectionLostAfterwardsHasDoneItsWork) {
+  Driver().Order("SQLExecDirect 1 lost after");
+  EXPECT_EQ(AddStation(), SQL_ERROR);
+  EXPECT_EQ(Dead(), SQLUINTEGER{SQL_CD_TRUE});
+  EXPECT_EQ(NewStations(), 1);
 }
 
 TEST_F(FaultDriverTest, WhatALostConnectionHadNotCommittedIsUndone) {
@@ -223,6 +239,14 @@ TEST_F(FaultDriverTest, NoDataIsAnsweredInsteadOfARow) {
   EXPECT_EQ(ReadName(&name), SQL_SUCCESS);
 }
 
+TEST_F(FaultDriverTest, NoDataAfterwardsHasTakenTheRow) {
+  Execute("SELECT tStatSName FROM TStation WHERE tStatCulIntStatIDPk = 1");
+  Driver().Order("SQLFetch 1 nodata after");
+  EXPECT_EQ(SQLFetch(m_statement), SQL_NO_DATA);
+  EXPECT_EQ(SQLFetch(m_statement), SQL_NO_DATA);
+  EXPECT_EQ(Driver().Happened(), 1);
+}
+
 TEST_F(FaultDriverTest, TextsAreCutAndLengthened) {
   std::string name;
   Driver().Order("SQLGetData 1 cut 0");
@@ -236,7 +260,7 @@ TEST_F(FaultDriverTest, TextsAreCutAndLengthened) {
   EXPECT_EQ(name, "-++");
 }
 
-TEST_F(FaultDriverTest, BoundTextsAreCutInTheFetch) {
+TEST_F(FaultDriverTest, BoundTextsAreLengthenedAndCutInTheFetch) {
   char text[20] = {};
   SQLLEN length = 0;
   SQLBindCol(m_statement, 1, SQL_C_CHAR, text, sizeof text, &length);
@@ -245,6 +269,12 @@ TEST_F(FaultDriverTest, BoundTextsAreCutInTheFetch) {
   ASSERT_EQ(SQLFetch(m_statement), SQL_SUCCESS);
   EXPECT_STREQ(text, "-++");
   EXPECT_EQ(length, 3);
+  SQLFreeStmt(m_statement, SQL_CLOSE);
+  Driver().Order("SQLFetch 1 cut 0");
+  ASSERT_EQ(Execute("SELECT tStatSName FROM TStation WHERE tStatCulIntStatIDPk = 1"), SQL_SUCCESS);
+  ASSERT_EQ(SQLFetch(m_statement), SQL_SUCCESS);
+  EXPECT_STREQ(text, "");
+  EXPECT_EQ(length, 0);
 }
 
 TEST_F(FaultDriverTest, ADelayedCallTakesItsTime) {
@@ -329,6 +359,43 @@ TEST_F(FaultDriverTest, ItTellsOtherCapabilitiesThanTheRealDriver) {
   ASSERT_EQ(AddStation(), SQL_SUCCESS);
   SQLRowCount(m_statement, &rows);
   EXPECT_EQ(rows, -1);
+}
+
+TEST_F(FaultDriverTest, ItTellsTheOppositeCapabilitiesToo) {
+  ConnectAgain({
+      {"KyFaultCapabilities", "procedures upper-case-names zero-row-counts"}
+  });
+  SQLUSMALLINT number = 99;
+  char text[10] = {};
+  SQLGetInfo(m_connection, SQL_IDENTIFIER_CASE, &number, sizeof number, nullptr);
+  EXPECT_EQ(number, SQL_IC_UPPER);
+  SQLGetInfo(m_connection, SQL_PROCEDURES, text, sizeof text, nullptr);
+  EXPECT_STREQ(text, "Y");
+  SQLLEN rows = 99;
+  ASSERT_EQ(AddStation(), SQL_SUCCESS);
+  SQLRowCount(m_statement, &rows);
+  EXPECT_EQ(rows, 0);
+}
+
+// A copy of its own, since the one that the tests use stays; and really unloaded, as nothing else is here.
+TEST_F(FaultDriverTest, WhatIsNotFreedIsReportedWhenTheDriverIsUnloaded) {
+  const std::filesystem::path copy = m_practice.Folder() / "copy.so";
+  const std::filesystem::path report = m_practice.Folder() / "report.txt";
+  std::filesystem::copy_file(FaultDriverFile(), copy);
+  void* driver = dlopen(copy.c_str(), RTLD_NOW | RTLD_LOCAL);
+  ASSERT_NE(driver, nullptr) << dlerror();
+  const auto allocate = reinterpret_cast<decltype(&SQLAllocHandle)>(dlsym(driver, "SQLAllocHandle"));
+  static SQLHENV never_freed = SQL_NULL_HENV;
+  ASSERT_EQ(allocate(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &never_freed), SQL_SUCCESS);
+  setenv("KYFAULT_REPORT", report.c_str(), 1);
+  const auto unload = reinterpret_cast<decltype(&dlclose)>(dlsym(RTLD_NEXT, "dlclose"));
+  EXPECT_EQ(unload(driver), 0);
+  unsetenv("KYFAULT_REPORT");
+  std::ifstream lines(report);
+  std::string line;
+  EXPECT_TRUE(std::getline(lines, line));
+  EXPECT_EQ(line, "kyfault: environments not freed: 1");
+  EXPECT_FALSE(std::getline(lines, line));
 }
 
 }  // namespace
