@@ -58,6 +58,10 @@ std::vector<int> KeysOf(const BrowseSet& set) {
 
 }  // namespace
 
+std::string CutTo(const std::string& text, std::size_t width) {
+  return IsUtf8(text) ? texts::Cut(text, width) : text.substr(0, width);
+}
+
 Attack::Attack(support::RawOdbc& raw, Draw& draw) : m_raw(raw), m_draw(draw) {}
 
 std::vector<support::Row> Attack::Rows(const std::string& table) {

@@ -38,19 +38,30 @@ class Attack {
   std::vector<support::Row> Rows(const std::string& table);
   // The first column of a query with the text for each "?"; nothing when the database refuses the text.
   bool Ask(const std::string& sql, const std::vector<std::string>& texts, std::vector<int>* answer);
+  template <class Record>
+  void FillTexts(const std::string& text, Record* record);
   template <class Table>
   void OneRecord(const std::string& text);
+  template <class Table>
+  void EditAll(const std::string& text, const typename Table::Record& plain, typename Table::Record* record);
+  template <class Table>
+  void ExpectNothing(typename Table::Record record);
   template <class Table>
   void ExpectStored(const typename Table::Record& record);
   void ExpectSetting(const std::string& text, const tagTSTATION& station);
   void CompactPatient(const std::string& text);
+  void ExpectCompactPatient(const tagPATIENTCOMPACT& given, DWORD key);
   void CompactUnit(const std::string& text);
+  void ExpectCompactUnit(const tagPATIENTCOMPACT& given, DWORD key);
 
   support::RawOdbc& m_raw;
   Draw& m_draw;
   std::map<std::string, std::vector<support::Row>> m_canaries;
   int m_calls = 0;
 };
+
+// The beginning of the text, up to `width` bytes.
+std::string CutTo(const std::string& text, std::size_t width);
 
 }  // namespace hostile
 

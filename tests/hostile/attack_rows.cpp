@@ -12,10 +12,6 @@ namespace {
 
 constexpr std::size_t kWidestKey = 24;
 
-std::string CutTo(const std::string& text, std::size_t width) {
-  return IsUtf8(text) ? texts::Cut(text, width) : text.substr(0, width);
-}
-
 // Where a text that is no UTF-8 has the border of a character is anyone's guess.
 bool WhereToCutIsKnown(const std::string& text, std::size_t width) {
   return IsUtf8(text) || text.size() <= width;
@@ -32,12 +28,18 @@ void VaryKey(tagTPATIENT* record, Draw& draw) {
 template <class Record>
 void VaryKey(Record*, Draw&) {}
 
-// Where the library itself wants the location of what is added.
-void EmptyLocation(tagTIMAGE* record) { record->szLoc[0] = '\0'; }
-void EmptyLocation(tagTGROUP* record) { record->szLoc[0] = '\0'; }
-void EmptyLocation(tagTTEST* record) { record->szLoc[0] = '\0'; }
+// Where the library itself has put what was added, empty before.
+void KeepLocation(const tagTIMAGE& from, tagTIMAGE* to) {
+  std::memcpy(to->szLoc, from.szLoc, sizeof to->szLoc);
+}
+void KeepLocation(const tagTGROUP& from, tagTGROUP* to) {
+  std::memcpy(to->szLoc, from.szLoc, sizeof to->szLoc);
+}
+void KeepLocation(const tagTTEST& from, tagTTEST* to) {
+  std::memcpy(to->szLoc, from.szLoc, sizeof to->szLoc);
+}
 template <class Record>
-void EmptyLocation(Record*) {}
+void KeepLocation(const Record&, Record*) {}
 
 template <class Record>
 bool AllUtf8(const Record& record) {
@@ -67,26 +69,40 @@ void Attack::ExpectStored(const typename Table::Record& record) {
   }
 }
 
+// The text, or another one, in every field that takes one.
+template <class Record>
+void Attack::FillTexts(const std::string& text, Record* record) {
+  for (const family::TextField& field : family::TextFields<Record>())
+    field.Set(record, CutTo(m_draw.OneIn(3) ? m_draw.Valid(200) : text, field.width - 1));
+  VaryKey(record, m_draw);
+}
+
+// Nothing is there that the texts describe.
+template <class Table>
+void Attack::ExpectNothing(typename Table::Record record) {
+  const auto given = record;
+  EXPECT_NE(Table::Get(&record), 0);
+  record = given;
+  EXPECT_NE(Table::EditSel(&record, KYODBC_MASK_ALL), 0);
+  EXPECT_NE(Table::Delete(&given), 0);
+}
+
 template <class Table>
 void Attack::OneRecord(const std::string& text) {
   using Record = typename Table::Record;
   SCOPED_TRACE(Table::kName);
   Record record = Table::Fill(7);
-  for (const family::TextField& field : family::TextFields<Record>())
-    field.Set(&record, CutTo(m_draw.OneIn(3) ? m_draw.Valid(200) : text, field.width - 1));
-  VaryKey(&record, m_draw);
-  EmptyLocation(&record);
-  m_calls += 5;
+  const Record plain = record;
+  FillTexts(text, &record);
+  KeepLocation(Record{}, &record);
+  m_calls += 7;
   const Record given = record;
   const WORD added = Table::Add(&record);
   if (added != 0) {
     // The images to be replaced are looked for before the add, where the database may refuse the text, too.
-    EXPECT_FALSE(AllUtf8(record)) << added;
+    EXPECT_FALSE(AllUtf8(given)) << added;
     EXPECT_TRUE(added == 6 || added == 31) << added;
-    record = given;
-    Table::Get(&record);
-    Table::EditSel(&record, KYODBC_MASK_ALL);
-    Table::Delete(&record);
+    ExpectNothing<Table>(given);
     return;
   }
   if (!Table::kHasNaturalKey) {
@@ -95,6 +111,7 @@ void Attack::OneRecord(const std::string& text) {
     family::SetKey(&record, key);
   }
   ExpectStored<Table>(record);
+  EditAll<Table>(text, plain, &record);
   Record named = record;
   if (Table::kHasNaturalKey) family::SetKey(&named, 0);
   Record found = named;
@@ -104,6 +121,26 @@ void Attack::OneRecord(const std::string& text) {
   ExpectStored<Table>(record);
   if (Table::kHasNaturalKey) family::SetKey(&named, 0);
   EXPECT_EQ(Table::Delete(&named), 0);
+  ExpectNothing<Table>(record);
+}
+
+// Other texts into the row of this key: what was to be stored is there, or what was there before.
+template <class Table>
+void Attack::EditAll(const std::string& text, const typename Table::Record& plain,
+                     typename Table::Record* record) {
+  typename Table::Record changed = plain;
+  FillTexts(text, &changed);
+  KeepLocation(*record, &changed);
+  family::SetKey(&changed, family::Key(*record));
+  const typename Table::Record given = changed;
+  const WORD code = Table::Edit(&changed);
+  if (code == 0) {
+    *record = given;
+  } else {
+    EXPECT_EQ(code, 6);
+    EXPECT_FALSE(AllUtf8(given));
+  }
+  ExpectStored<Table>(*record);
 }
 
 void Attack::Records(const std::string& text) {
@@ -165,75 +202,6 @@ void Attack::ExpectSetting(const std::string& text, const tagTSTATION& station) 
   if (WhereToCutIsKnown(text, kWidestKey)) {
     EXPECT_EQ(m_raw.Text("SELECT tCfgSKey FROM TConfig WHERE " + ours), CutTo(text, kWidestKey));
   }
-}
-
-void Attack::CompactPatient(const std::string& text) {
-  SCOPED_TRACE("compact patient");
-  tagTDOCTOR doctor{};
-  support::SetText(doctor.szName, CutTo(text, sizeof(tagPATIENTCOMPACT::szDrName) - 1));
-  tagPATIENTCOMPACT record{};
-  support::SetText(record.szDrName, support::Text(doctor.szName));
-  support::SetText(record.szName, CutTo(text, sizeof record.szName - 1));
-  support::SetText(record.szFirstname, CutTo(m_draw.Valid(200), sizeof record.szFirstname - 1));
-  support::SetText(record.szIdent, CutTo((m_draw.OneIn(2) ? "}" : "") + text, sizeof record.szIdent - 1));
-  record.wYear = 1970;
-  record.byMonth = record.byDay = 2;
-  const bool storable = IsUtf8(record.szName) && IsUtf8(record.szIdent) && IsUtf8(record.szDrName);
-  DB_AddNewTDr(&doctor);
-  m_calls += 4;
-  const WORD added = DB_AddNewPat(&record);
-  EXPECT_TRUE(added == 0 || !storable) << added;
-  if (added == 0) {
-    const auto rows =
-        m_raw.Query("SELECT tPatSName, tPatSFirstname FROM TPatient WHERE tPatCulIntPatIDPk = " +
-                    std::to_string(support::Val(record.dwID)));
-    ASSERT_EQ(rows.size(), 1u);
-    EXPECT_EQ(rows[0][0], support::Text(record.szName));
-    EXPECT_EQ(rows[0][1], support::Text(record.szFirstname));
-    tagPATIENTCOMPACT read{};
-    read.dwID = record.dwID;
-    EXPECT_EQ(DB_GetPat(&read), 0);
-    EXPECT_EQ(support::Text(read.szName), support::Text(record.szName));
-    EXPECT_EQ(support::Text(read.szDrName), support::Text(record.szDrName));
-    EXPECT_EQ(DB_EditPat(&read), 0);
-    EXPECT_EQ(DB_DeletePat(&record), 0);
-  }
-  if (support::Val(doctor.lDrID) != 0) {
-    EXPECT_EQ(DB_DeleteTDr(&doctor), 0);
-  }
-}
-
-// The packed texts of a unit are taken apart at a byte that hostile texts have, too: only whole rows count.
-void Attack::CompactUnit(const std::string& text) {
-  SCOPED_TRACE("compact unit");
-  tagPATIENTCOMPACT record{};
-  support::SetText(record.szName, CutTo(text, sizeof record.szName - 1));
-  support::SetText(record.szFirstname, CutTo(text, sizeof record.szFirstname - 1));
-  support::SetText(record.szDrName, CutTo(text, sizeof record.szDrName - 1));
-  support::SetText(record.szIdent, CutTo("]" + text, sizeof record.szIdent - 1));
-  LONG rows = -1;
-  EXPECT_EQ(DB_GetNumTUnit(&rows), 0);
-  m_calls += 3;
-  const WORD added = DB_AddNewUnit(&record);
-  EXPECT_TRUE(added == 0 || added == 1 || added == 6) << added;
-  LONG rows_after = -1;
-  EXPECT_EQ(DB_GetNumTUnit(&rows_after), 0);
-  EXPECT_EQ(rows_after, rows + (added == 6 ? 0 : 1));
-  LONG newest = 0;
-  EXPECT_EQ(DB_GetLastUnitID(&newest), 0);
-  if (added == 6) {
-    DB_DeleteUnit(&record);
-    return;
-  }
-  record.dwID = static_cast<DWORD>(newest);
-  EXPECT_EQ(DB_EditUnit(&record), 0);
-  record.dwID = static_cast<DWORD>(newest);
-  EXPECT_EQ(DB_DeleteUnit(&record), 0);
-}
-
-void Attack::CompactRecords(const std::string& text) {
-  CompactPatient(text);
-  CompactUnit(text);
 }
 
 }  // namespace hostile

@@ -36,6 +36,7 @@ class Injection : public testing::Test {
     SCOPED_TRACE("mode: " + mode.name);
     Set(mode);
     ASSERT_NO_FATAL_FAILURE(Reconnect());
+    for (const std::string& proof : mode.proofs) EXPECT_EQ(m_raw->Number(proof), 1) << proof;
     Attack attack(*m_raw, draw);
     if (!m_planted) attack.PlantCanaries();
     m_planted = true;

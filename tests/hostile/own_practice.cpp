@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <memory>
 
+#include "tests/support/database_kind.h"
+
 namespace hostile {
 namespace {
 
@@ -71,40 +73,63 @@ constexpr const char* kSqlModes[] = {
     "TIME_ROUND_FRACTIONAL",
 };
 
+std::string InForce(const std::string& mode) {
+  return "SELECT FIND_IN_SET('" + mode + "', @@GLOBAL.sql_mode) > 0";
+}
+
 std::vector<Mode> MariadbModes() {
   std::vector<Mode> modes = {
-      {"as it comes", {}}
+      {"as it comes", {}, {}}
   };
+  std::vector<std::string> proofs;
   std::string all;
   for (const std::string mode : kSqlModes) {
-    modes.push_back({mode.empty() ? "no mode" : mode, {"SET GLOBAL sql_mode = '" + mode + "'"}});
+    const std::string in_force = mode.empty() ? "SELECT @@GLOBAL.sql_mode = ''" : InForce(mode);
+    modes.push_back({mode.empty() ? "no mode" : mode, {"SET GLOBAL sql_mode = '" + mode + "'"}, {in_force}});
     all += (all.empty() ? "" : ",") + mode;
+    if (!mode.empty()) proofs.push_back(in_force);
   }
-  modes.push_back({"all modes", {"SET GLOBAL sql_mode = '" + all + "'"}});
+  modes.push_back({"all modes", {"SET GLOBAL sql_mode = '" + all + "'"}, proofs});
   return modes;
 }
 
+// The settings as defaults of the tests' user.
+Mode ForTheUser(std::string name, const support::Options& settings) {
+  Mode mode = {std::move(name), {}, {}};
+  for (const auto& [setting, value] : settings) {
+    mode.statements.push_back("ALTER ROLE practice SET " + setting + " = '" + value + "'");
+    mode.proofs.push_back("SELECT COUNT(*) FROM pg_db_role_setting WHERE '" + setting + "=" + value +
+                          "' = ANY (setconfig)");
+  }
+  return mode;
+}
+
 std::vector<Mode> PostgresqlModes() {
-  const std::string role = "ALTER ROLE practice SET ";
   std::vector<Mode> modes = {
-      {"as it comes", {}}
+      {"as it comes", {}, {}}
   };
-  for (const char* quote : {"on", "off", "safe_encoding"}) {
-    for (const char* conforming : {"on", "off"}) {
-      for (const char* warning : {"on", "off"}) {
-        modes.push_back({
-            std::string("backslash_quote ") + quote + ", standard_conforming_strings " + conforming +
-                ", escape_string_warning " + warning,
-            {role + "backslash_quote = " + quote, role + "standard_conforming_strings = " + conforming,
-                        role + "escape_string_warning = " + warning}
-        });
+  for (const std::string quote : {"on", "off", "safe_encoding"}) {
+    for (const std::string conforming : {"on", "off"}) {
+      for (const std::string warning : {"on", "off"}) {
+        const support::Options settings = {
+            {"backslash_quote",             quote     },
+            {"standard_conforming_strings", conforming},
+            {"escape_string_warning",       warning   },
+        };
+        std::string name;
+        for (const auto& [setting, value] : settings) name += setting + " " + value + " ";
+        modes.push_back(ForTheUser(name, settings));
+        modes.back().proofs.push_back("SELECT CASE current_setting('standard_conforming_strings') WHEN '" +
+                                      conforming + "' THEN 1 ELSE 0 END");
       }
     }
   }
-  modes.push_back({"transform_null_equals on", {role + "transform_null_equals = on"}});
-  for (const char* encoding : {"SJIS", "BIG5", "GBK", "LATIN1"}) {
-    modes.push_back(
-        {std::string("client_encoding ") + encoding, {role + "client_encoding = '" + encoding + "'"}});
+  const support::Options more[] = {
+      {{"transform_null_equals", "on"}}, {{"client_encoding", "SJIS"}},   {{"client_encoding", "BIG5"}},
+      {{"client_encoding", "GBK"}},      {{"client_encoding", "LATIN1"}},
+  };
+  for (const support::Options& settings : more) {
+    modes.push_back(ForTheUser(settings[0].first + " " + settings[0].second, settings));
   }
   return modes;
 }
@@ -123,7 +148,7 @@ std::vector<Mode> Modes() {
   if (OnMariadb()) return MariadbModes();
   if (OnPostgresql()) return PostgresqlModes();
   return {
-      {"as it comes", {}}
+      {"as it comes", {}, {}}
   };
 }
 

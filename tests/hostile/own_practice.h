@@ -23,6 +23,7 @@ unsigned Seed();
 struct Mode {
   std::string name;
   std::vector<std::string> statements;
+  std::vector<std::string> proofs;  // queries that answer 1 in a session begun afterwards
 };
 std::vector<Mode> Modes();
 
