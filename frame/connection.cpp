@@ -151,8 +151,8 @@ void CDBConnection::RememberBrowsing() {
   });
 }
 
-// A transaction with a refused statement in it may not let anything be read before it is rolled back: then the
-// sets keep their marks.
+// A transaction with a refused statement in it may not let anything be read before it is rolled back: then
+// the sets keep their marks.
 void CDBConnection::ReadMarkedSets(const CKyRecSet* but, const CKyRecSet* nor) {
   const auto is_due = [=](const CKyRecSet* set) {
     return set != nullptr && set != but && set != nor && set->IsMarked();

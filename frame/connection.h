@@ -51,8 +51,8 @@ class CDBConnection {
   // connection was last made anew, unless it was given others since. Null for other numbers and without a
   // connection.
   CKyRecSet* SetAsItWas(LONG number);
-  // Reads again the open browse sets that changes have marked, but for two of them (which may be null): before
-  // something happens that they would not show, had they been read at the change. A failure is logged.
+  // Reads again the open browse sets that changes have marked, but for two of them (which may be null):
+  // before something happens that they would not show, had they been read at the change. A failure is logged.
   void ReadMarkedSets(const CKyRecSet* but = nullptr, const CKyRecSet* nor = nullptr);
   // Forgets filters and sorts of earlier connections.
   void ForgetBrowsing();

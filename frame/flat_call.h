@@ -141,8 +141,8 @@ WORD GetByPos(Set* set, LONG position, Record* record, const char* function = __
 // anybody looks at them.
 WORD RequeryAfter(WORD code, CKyRecSet* set, CKyRecSet* joined);
 
-// Runs `change`, a row operation with the caller's `record`. Sets that earlier changes have marked and this one
-// does not are read before: their rows may be others behind it.
+// Runs `change`, a row operation with the caller's `record`. Sets that earlier changes have marked and this
+// one does not are read before: their rows may be others behind it.
 template <class Call>
 WORD Change(CKyRecSet* set, CKyRecSet* joined, const void* record, Call change,
             const char* function = __builtin_FUNCTION()) {

@@ -131,8 +131,8 @@ void CRecordset::ChangeRow(const CString& sql, std::vector<odbc::Parameter>& par
   ThrowDBException(AFX_SQL_ERROR_NO_ROWS_AFFECTED);
 }
 
-// The rows that the condition still finds. When the connection goes before anybody has told how many rows were
-// changed, the statement has been run all the same: it was the one row that there was.
+// The rows that the condition still finds. When the connection goes before anybody has told how many rows
+// were changed, the statement has been run all the same: it was the one row that there was.
 LONG CRecordset::CountRowsAfter(SQLLEN changed, bool deleting) {
   try {
     return CountRows(false);

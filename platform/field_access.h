@@ -13,7 +13,7 @@ struct FieldRef;
 struct FieldAccess {
   // For the RFX functions.
   static void Exchange(CFieldExchange* exchange, const FieldRef& ref);
-  // As RFX_Date, for a date whose time of day is zero in a column of any type: written as it is compared with.
+  // As RFX_Date, for a date without a time of day in a column of any type: written as it is compared with.
   static void ExchangeDay(CFieldExchange* exchange, const char* name, TIMESTAMP_STRUCT& value);
   // Whether the first row, which an open or a requery has just made current, is the only one; nothing when
   // the database does not tell. Members stay, and on true the position.

@@ -188,30 +188,32 @@ void ReadSetting() {
   Require(DB_GetProfileString("Budget", "-", "none", text, sizeof text, &length), "read");
 }
 
+void Nothing() {}
+
 std::vector<Work> RowWorks() {
   return {
-      {"get a patient by key",             1,  [] { Get(DB_GetTPat, 7); }     },
-      {"get a patient by identifier",      1,  GetBySlida                     },
-      {"get a patient with doctor by key", 2,  [] { Get(DB_GetPatEx, 7); }    },
-      {"get an image by key",              1,  [] { Get(DB_GetTImg, 7); }     },
-      {"get a doctor by key",              1,  [] { Get(DB_GetTDr, 2); }      },
-      {"get a station by key",             1,  [] { Get(DB_GetTStat, 1); }    },
-      {"get a unit by key",                1,  [] { Get(DB_GetTUnit, 1); }    },
-      {"edit a patient by key",            2,  EditPatient                    },
-      {"edit an image by key",             2,  EditImage                      },
-      {"edit a doctor by key",             2,  EditDoctor                     },
-      {"add a patient",                    2,  AddPatient                     },
-      {"add a doctor",                     2,  AddDoctor                      },
-      {"add an image",                     -1, AddImage                       },
-      {"delete the newest patient",        3,  DeletePatient,                   AddPatient},
-      {"newest image of a patient",                                  1,          NewestImage      },
-      {"count the patients",                                  1,                 [] { Number(DB_GetNumTPat); }       },
-      {"count the patients with doctors",                                  1,    [] { Number(DB_GetNumPatEx); }},
-      {"count the images of a patient",                                  1,      CountImages         },
-      {"highest key of the patients",                                  1,        [] { Number(DB_GetLastPatID); }},
-      {"highest key of the images",                                  1,          [] { Number(DB_GetLastImgID); }           },
-      {"read a setting",                                  -1,                     ReadSetting,      WriteSetting},
-      {"write a setting",                      -1,                        WriteSetting                                 },
+      {"get a patient by key",             1,  [] { Get(DB_GetTPat, 7); },      Nothing     },
+      {"get a patient by identifier",      1,  GetBySlida,                      Nothing     },
+      {"get a patient with doctor by key", 2,  [] { Get(DB_GetPatEx, 7); },     Nothing     },
+      {"get an image by key",              1,  [] { Get(DB_GetTImg, 7); },      Nothing     },
+      {"get a doctor by key",              1,  [] { Get(DB_GetTDr, 2); },       Nothing     },
+      {"get a station by key",             1,  [] { Get(DB_GetTStat, 1); },     Nothing     },
+      {"get a unit by key",                1,  [] { Get(DB_GetTUnit, 1); },     Nothing     },
+      {"edit a patient by key",            2,  EditPatient,                     Nothing     },
+      {"edit an image by key",             2,  EditImage,                       Nothing     },
+      {"edit a doctor by key",             2,  EditDoctor,                      Nothing     },
+      {"add a patient",                    2,  AddPatient,                      Nothing     },
+      {"add a doctor",                     2,  AddDoctor,                       Nothing     },
+      {"add an image",                     -1, AddImage,                        Nothing     },
+      {"delete the newest patient",        3,  DeletePatient,                   AddPatient  },
+      {"newest image of a patient",        1,  NewestImage,                     Nothing     },
+      {"count the patients",               1,  [] { Number(DB_GetNumTPat); },   Nothing     },
+      {"count the patients with doctors",  1,  [] { Number(DB_GetNumPatEx); },  Nothing     },
+      {"count the images of a patient",    1,  CountImages,                     Nothing     },
+      {"highest key of the patients",      1,  [] { Number(DB_GetLastPatID); }, Nothing     },
+      {"highest key of the images",        1,  [] { Number(DB_GetLastImgID); }, Nothing     },
+      {"read a setting",                   -1, ReadSetting,                     WriteSetting},
+      {"write a setting",                  -1, WriteSetting,                    Nothing     },
   };
 }
 

@@ -1,5 +1,5 @@
-// A change marks the open browse sets, and the next look reads them again: it shows what a set would show that
-// had been read again at the change itself, whatever came in between.
+// A change marks the open browse sets, and the next look reads them again: it shows what a set would show
+// that had been read again at the change itself, whatever came in between.
 #include <gtest/gtest.h>
 
 #include <string>

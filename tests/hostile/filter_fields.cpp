@@ -11,49 +11,78 @@ WORD Get(LONG position, Record* record) {
   return GetByPos(position, record);
 }
 
+using Fields = std::vector<TextField>;
+
+const Fields kDoctor = {
+    {17, "tDrSName" },
+    {20, "tDrSName" },
+    {50, "tDrSSrvID"}
+};
+const Fields kStation = {
+    {17, "tStatSName"}
+};
+const Fields kUnit = {
+    {17, "tUnitSName"},
+    {23, "tUnitSName"},
+    {58, "tUnitSType"}
+};
+const Fields kPatient = {
+    {17, "tPatSName"     },
+    {19, "tPatSName"     },
+    {22, "tPatSFirstname"},
+    {49, "tPatSExtPatID" },
+    {50, "tPatSSrvID"    },
+    {51, "tPatSSlidaID"  },
+    {52, "tPatSSocID"    },
+    {53, "tPatSIDDisp"   }
+};
+const Fields kImage = {
+    {17, "tImgSName" },
+    {24, "tImgSName" },
+    {58, "tImgSType" },
+    {59, "tImgSRegio"}
+};
+const Fields kMakro = {
+    {17, "tMakSName"},
+    {26, "tMakSName"}
+};
+const Fields kGroup = {
+    {17, "tGrpSName"}
+};
+const Fields kDiagnosis = {
+    {59, "tDiagSRegio"}
+};
+const Fields kConfig = {
+    {42, "tCfgSKey"},
+    {43, "tCfgSSet"}
+};
+const Fields kTest = {
+    {17, "tTstSName"  },
+    {18, "tTstSPerson"},
+    {25, "tTstSName"  },
+    {58, "tTstSType"  },
+    {59, "tTstSRegio" }
+};
+
+Fields WithDoctor(Fields fields) {
+  fields.push_back({20, "tDrSName"});
+  return fields;
+}
+
+constexpr const char* kJoined = "TPatient JOIN TDoctor ON tDrCulIntDrIDPk = tPatCulIntDrIDFk";
+
 const std::vector<BrowseSet> kSets = {
-    {"TDoctor",
-     "tDrCulIntDrIDPk",                                                                    {{17, "tDrSName"}, {20, "tDrSName"}, {50, "tDrSSrvID"}},
-     KYODBC_BROWSE_SET(TDr,                                                                                                                                                                                             tagTDOCTOR)   },
-    {"TStation",                                                    "tStatCulIntStatIDPk", {{17, "tStatSName"}},                                                                               KYODBC_BROWSE_SET(TStat, tagTSTATION)  },
-    {"TUnit",
-     "tUnitCulIntUnitIDPk",                                                                {{17, "tUnitSName"}, {23, "tUnitSName"}, {58, "tUnitSType"}},
-     KYODBC_BROWSE_SET(TUnit,                                                                                                                                                                                           tagTUNIT)     },
-    {"TPatient",
-     "tPatCulIntPatIDPk",                                                                  {{17, "tPatSName"},
-      {19, "tPatSName"},
-      {22, "tPatSFirstname"},
-      {49, "tPatSExtPatID"},
-      {50, "tPatSSrvID"},
-      {51, "tPatSSlidaID"},
-      {52, "tPatSSocID"},
-      {53, "tPatSIDDisp"}},
-     KYODBC_BROWSE_SET(TPat,                                                                                                                                                                                            tagTPATIENT)  },
-    {"TPatient JOIN TDoctor ON tDrCulIntDrIDPk = tPatCulIntDrIDFk",
-     "tPatCulIntPatIDPk",                                                                  {{17, "tPatSName"},
-      {19, "tPatSName"},
-      {20, "tDrSName"},
-      {22, "tPatSFirstname"},
-      {49, "tPatSExtPatID"},
-      {50, "tPatSSrvID"},
-      {51, "tPatSSlidaID"},
-      {52, "tPatSSocID"},
-      {53, "tPatSIDDisp"}},
-     KYODBC_BROWSE_SET(PatEx,                                                                                                                                                                                           tagTPATIENTEX)},
-    {"TImage",
-     "tImgCulIntImgIDPk",                                                                  {{17, "tImgSName"}, {24, "tImgSName"}, {58, "tImgSType"}, {59, "tImgSRegio"}},
-     KYODBC_BROWSE_SET(TImg,                                                                                                                                                                                            tagTIMAGE)    },
-    {"TMakro",
-     "tMakCulIntMakIDPk",                                                                  {{17, "tMakSName"}, {26, "tMakSName"}},
-     KYODBC_BROWSE_SET(TMak,                                                                                                                                                                                            tagTMAKRO)    },
-    {"TGroup",                                                      "tGrpCulIntGrpIDPk",   {{17, "tGrpSName"}},                                                                                KYODBC_BROWSE_SET(TGrp,  tagTGROUP)    },
-    {"TDiagnosis",                                                  "tDiagCulIntDiagIDPk", {{59, "tDiagSRegio"}},                                                                              KYODBC_BROWSE_SET(TDiag, tagTDIAGNOSIS)},
-    {"TConfig",
-     "tCfgCulIntCfgIDPk",                                                                  {{42, "tCfgSKey"}, {43, "tCfgSSet"}},
-     KYODBC_BROWSE_SET(TCfg,                                                                                                                                                                                            tagTCONFIG)   },
-    {"TTest",
-     "tTstCulIntTstIDPk",                                                                  {{17, "tTstSName"}, {18, "tTstSPerson"}, {25, "tTstSName"}, {58, "tTstSType"}, {59, "tTstSRegio"}},
-     KYODBC_BROWSE_SET(TTest,                                                                                                                                                                                           tagTTEST)     },
+    {"TDoctor",    "tDrCulIntDrIDPk",     kDoctor,              KYODBC_BROWSE_SET(TDr,   tagTDOCTOR)   },
+    {"TStation",   "tStatCulIntStatIDPk", kStation,             KYODBC_BROWSE_SET(TStat, tagTSTATION)  },
+    {"TUnit",      "tUnitCulIntUnitIDPk", kUnit,                KYODBC_BROWSE_SET(TUnit, tagTUNIT)     },
+    {"TPatient",   "tPatCulIntPatIDPk",   kPatient,             KYODBC_BROWSE_SET(TPat,  tagTPATIENT)  },
+    {kJoined,      "tPatCulIntPatIDPk",   WithDoctor(kPatient), KYODBC_BROWSE_SET(PatEx, tagTPATIENTEX)},
+    {"TImage",     "tImgCulIntImgIDPk",   kImage,               KYODBC_BROWSE_SET(TImg,  tagTIMAGE)    },
+    {"TMakro",     "tMakCulIntMakIDPk",   kMakro,               KYODBC_BROWSE_SET(TMak,  tagTMAKRO)    },
+    {"TGroup",     "tGrpCulIntGrpIDPk",   kGroup,               KYODBC_BROWSE_SET(TGrp,  tagTGROUP)    },
+    {"TDiagnosis", "tDiagCulIntDiagIDPk", kDiagnosis,           KYODBC_BROWSE_SET(TDiag, tagTDIAGNOSIS)},
+    {"TConfig",    "tCfgCulIntCfgIDPk",   kConfig,              KYODBC_BROWSE_SET(TCfg,  tagTCONFIG)   },
+    {"TTest",      "tTstCulIntTstIDPk",   kTest,                KYODBC_BROWSE_SET(TTest, tagTTEST)     },
 };
 
 #undef KYODBC_BROWSE_SET
