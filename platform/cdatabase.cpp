@@ -163,6 +163,7 @@ BOOL CDatabase::OpenEx(const char* connect, DWORD options) {
   }
   m_facts = std::make_unique<DriverFacts>(ReadFacts(*connection, AsksForFoundRows(text)));
   if (EndsStatementsQuietly(*m_facts)) connection->EndStatementsToo();
+  if (DiesOfCutAnswers(*m_facts)) connection->PrepareWhatAnswers();
   m_connection = std::move(connection);
   m_statements = std::make_unique<KeptStatements>(*m_connection, QueryTimeout(), ForgetsIndexes(*m_facts));
   m_strConnect = HarmlessParts(text);

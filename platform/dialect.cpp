@@ -195,6 +195,8 @@ bool LimitsItself(const DriverFacts& facts) { return facts.dbms == kPostgreSQL; 
 
 bool ForgetsIndexes(const DriverFacts& facts) { return IsMariaDB(facts); }
 
+bool DiesOfCutAnswers(const DriverFacts& facts) { return IsMariaDB(facts); }
+
 bool EndsStatementsQuietly(const DriverFacts& facts) { return facts.dbms == kPostgreSQL; }
 
 bool TellsOfLoss(const odbc::Diagnostics& records) {

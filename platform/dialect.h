@@ -80,6 +80,10 @@ bool ForgetsIndexes(const DriverFacts& facts);
 // freed while connected it tells the server and waits for the answer, which a silent server never gives.
 bool EndsStatementsQuietly(const DriverFacts& facts);
 
+// Whether the driver brings the process down when the connection is lost in the middle of the answer to a
+// statement that was run without being prepared.
+bool DiesOfCutAnswers(const DriverFacts& facts);
+
 // Whether a failure tells that the connection is lost.
 bool TellsOfLoss(const odbc::Diagnostics& records);
 // Whether a statement was not run because what had been prepared for it is out of date.

@@ -148,8 +148,8 @@ RETCODE KeptStatements::Run(const MarkedSQL& query, std::unique_ptr<KeptStatemen
 
 RETCODE KeptStatements::RunAgain(std::unique_ptr<KeptStatement>* kept) {
   const bool prepared_before = (*kept)->prepared;
-  // Queries are prepared, but for those without values that are run once: one driver does not survive the
-  // loss of the connection while it runs one directly with values.
+  // Queries are prepared, but for those without values that are run once: values need a prepared statement to
+  // survive the loss of the connection in one driver (Connection::PrepareWhatAnswers does that for the rest).
   const bool direct =
       !prepared_before && ((*kept)->once ? (*kept)->values.empty()
                                          : !IsSelect((*kept)->Sql()) && m_known.count((*kept)->text) == 0);

@@ -10,6 +10,7 @@
 
 #include <fmt/format.h>
 
+#include "platform/dialect.h"
 #include "platform/log.h"
 #include "platform/secret_text.h"
 
@@ -300,6 +301,10 @@ RETCODE Statement::Execute() {
 
 RETCODE Statement::ExecuteDirect(const CString& sql) {
   if (m_statement == SQL_NULL_HSTMT) return SQL_INVALID_HANDLE;
+  if (m_connection->m_prepares_what_answers && (IsSelect(sql) || IsCall(sql))) {
+    const RETCODE code = Prepare(sql);
+    return Succeeded(code) ? Execute() : code;
+  }
   m_sql = sql;
   return Logged(m_sql, &Statement::RunDirect);
 }

@@ -45,6 +45,10 @@ class Connection {
   // before, which some drivers need and with which others ask the server about each.
   void EndStatementsToo() { m_ends_statements = true; }
 
+  // From now on statements that answer with rows are prepared also where they are run directly: one driver
+  // brings the process down when the connection is lost in the middle of an answer to one run directly.
+  void PrepareWhatAnswers() { m_prepares_what_answers = true; }
+
   RETCODE Allocate();  // before anything else; SQL_ERROR when the driver manager has no memory
   RETCODE SetLoginTimeout(DWORD seconds);
   RETCODE SetAccessReadOnly();
@@ -70,6 +74,7 @@ class Connection {
   bool m_connected = false;
   bool m_autocommit = true;
   bool m_ends_statements = false;
+  bool m_prepares_what_answers = false;
   std::vector<Statement*> m_statements;
 };
 

@@ -75,6 +75,20 @@ bool RolledBack(LONG key, bool* reached_end) {
   return DB_RollbackTransaction() == 0;
 }
 
+// Rows are read on the way: what the server answers is cut, too.
+bool ReadAndAdd(LONG key, bool* reached_end) {
+  LONG rows = 0;
+  DB_OpenTPat();
+  DB_SetTPatSortIndex(KYODBC_FIELD_NAME);
+  DB_MoveToTPatByIntID(key);
+  DB_MoveToTPatByString("Lost");
+  DB_GetTPatMaxPos(&rows);
+  DB_GetNumPatEx(&rows);
+  DB_GetLastPatID(&rows);
+  DB_CloseTPat();
+  return AddStation(key, reached_end);
+}
+
 const Change kChanges[] = {
     {"AddStation",    AddStation,    {"Before", 1, 1}},
     {"AddPatient",    AddPatient,    {"Before", 2, 0}},
@@ -82,6 +96,7 @@ const Change kChanges[] = {
     {"DeletePatient", DeletePatient, {"", 0, 0}      },
     {"Transaction",   Transaction,   {"After", 1, 1} },
     {"RolledBack",    RolledBack,    {"Before", 1, 0}},
+    {"ReadAndAdd",    ReadAndAdd,    {"Before", 1, 1}},
 };
 
 class InFlight : public LossTest, public testing::WithParamInterface<Change> {
