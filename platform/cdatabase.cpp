@@ -193,7 +193,7 @@ void CDatabase::PrepareSession() {
   AfxThrowDBException(SQL_ERROR, nullptr, SQL_NULL_HSTMT);
 }
 
-// Run at once: an answer of one number is not worth preparing its question on the server.
+// Run at once, where the driver bears that: an answer of one number is not worth preparing its question.
 LONG CDatabase::ReadNumber(const char* sql) {
   odbc::Statement statement(*m_connection);
   statement.AskForQueryTimeout(QueryTimeout());
